@@ -1,0 +1,221 @@
+/// `qRoster`: the flat list. A page of `xn` by `yn` cells over items held in memory.
+///
+/// Items are never moved: a display index maps positions to slots. Adding and removing draw nothing and take
+/// effect on screen with `Refresh`. Indexes are 1-based display positions, and 0 means none.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tvok/engine/mtvok.h"
+#include "tvok/host/Component.h"
+#include "tvok/host/Hooks.h"
+#include "tvok/host/PropertyBag.h"
+
+namespace tvok {
+
+class qRoster : public host::Control {
+public:
+    /// Handlers may do anything to the control, also clear it, replace themselves or throw.
+    struct Events {
+        Event<std::int32_t, qrosterdata&> Change; ///< The current item changed; raised before the repaint.
+        Event<std::int32_t, qrosterdata&> Click;  ///< By mouse on release, by key after each move.
+        Event<std::int32_t, qrosterdata&> DblClick;
+        /// Button, Shift, x and y in twips.
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseDown;
+        Event<std::int16_t&, std::int16_t&> KeyDown; ///< KeyCode and Shift; what is left in them is acted on.
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseMove;
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseUp;
+        Event<std::int16_t&, std::int16_t&> KeyUp;
+        Event<std::int16_t&> KeyPress;
+        Event<std::int32_t&, std::int32_t&> EnumSelectedItemCallBack; ///< ActionID and index.
+        ExDrawEvent ExDraw; ///< The host's share of the painting, as the item's `vflag` asks for it.
+    };
+    Events events;
+
+    qRoster();
+    ~qRoster() override;
+
+    // Items.
+
+    /// Appends for an index below 1 or beyond the list, else inserts before it. The item is stored with all
+    /// its `vflag` bits, so it can come in selected. Always false. Draws nothing.
+    bool AddItem(std::int32_t Index, const qrosterdata& ItemValue);
+    /// Marks the item removed; `Refresh` closes the gap. Until then positions stay. `SubscriptError` beyond
+    /// the index.
+    void RemoveItem(std::int32_t Index);
+    /// Copies the item out. True, or `SubscriptError` beyond the index.
+    bool GetData(std::int32_t Index, qrosterdata& ItemValue) const;
+    /// Replaces the item but for its selection. An index out of range does nothing. Errors are ignored.
+    void SetData(std::int32_t Index, const qrosterdata& x, bool lupdate = true);
+    void Clear();
+    std::int32_t Count() const;
+    qrosterdata DefaultItem() const;
+
+    /// The whole list as text; empty at design time. Writing replaces the list; call `Refresh` afterwards.
+    std::string ItemsStr() const;
+    void ItemsStr(std::string_view text);
+
+    // Painting.
+
+    /// Closes the gaps of removed items, takes on the settings and repaints. `ObjectError` at design time.
+    void Refresh();
+    void PaintAll();
+    void DrawItem(std::int32_t Index); ///< An item off the page draws nothing.
+    void ResetSize();                  ///< Snaps the height to whole rows where `FixedHeight` is set. Quiet.
+
+    // Search and order.
+
+    /// The first item with this text, case ignored; 0 in an empty list, `Count` + 1 when there is none.
+    std::int32_t FindItem(std::string_view text, bool bSelected = false);
+    void StrSeekItem(std::string_view text); ///< Makes the first item with this beginning the current one.
+    std::int32_t SortedMode() const;
+    void SortedMode(std::int32_t mode); ///< Sorts at once. Items added later are not inserted in order.
+
+    // Selection.
+
+    std::int32_t ListIndex() const;     ///< The current item, 0 for none.
+    void ListIndex(std::int32_t index); ///< Out of range: ignored. Raises `Change` where it differs.
+    bool IsSelected(std::int32_t Index) const;
+    /// Raises `EnumSelectedItemCallBack` for each selected item. Handlers may remove items on the way.
+    void EnumSelectedItem(std::int32_t ActionID = 0, bool ClearSelected = true);
+    void Selecteded(std::int32_t lstart = 0, std::int32_t lstop = 0); ///< Both 0: all items.
+    void UnSelecteded(std::int32_t lstart = 0, std::int32_t lstop = 0);
+    std::int32_t MultiSelect() const;
+    void MultiSelect(std::int32_t mode); ///< 0 single, 1 multiple; others are ignored.
+    bool HotTrack() const;
+    void HotTrack(bool on);
+
+    // Grid.
+
+    std::int32_t xn() const;
+    void xn(std::int32_t columns); ///< Below 1, or with `XnAuto` set: ignored.
+    std::int32_t yn() const;
+    void yn(std::int32_t rows); ///< Below 1, or the same: ignored. Sets the control's height.
+    bool XnAuto() const;
+    void XnAuto(bool on);
+    std::int32_t ItemHeight() const;
+    void ItemHeight(std::int32_t pixels); ///< 0 or less: ignored.
+    std::int32_t ItemWidth() const;
+    void ItemWidth(std::int32_t pixels); ///< Below 0: ignored.
+    std::int32_t GridlineWidth() const;
+    void GridlineWidth(std::int32_t pixels); ///< Below 0: ignored.
+    OLE_COLOR GridlineColor() const;
+    void GridlineColor(OLE_COLOR color);
+    bool GridlineOnBorder() const;
+    void GridlineOnBorder(bool on);
+    bool FixedHeight() const;
+    void FixedHeight(bool on);
+    bool FixedWidthForLastXn() const;
+    void FixedWidthForLastXn(bool on);
+    std::string ColWidthSettingStr() const;
+    void ColWidthSettingStr(std::string_view text); ///< "0,100,50": the first value has no effect.
+    std::string TabStopSettingStr() const;
+    void TabStopSettingStr(std::string_view text); ///< "40,60": two stops, three tab columns.
+
+    // Looks.
+
+    std::int32_t CX_TEXT() const;
+    void CX_TEXT(std::int32_t pixels); ///< Below 0: ignored. Shows with the next paint.
+    std::int32_t IconPos() const;
+    void IconPos(std::int32_t packed);
+    /// Reading it gives 0 and ends the drawing of icons until it is written again: whoever sets it must not
+    /// read it.
+    std::int32_t IconHandle();
+    void IconHandle(std::int32_t imageList);
+    OLE_COLOR BackColor() const;
+    void BackColor(OLE_COLOR color);
+    OLE_COLOR SelectedColor() const;
+    void SelectedColor(OLE_COLOR color);
+    OLE_COLOR IconBorderColor() const;
+    void IconBorderColor(OLE_COLOR color);
+    std::int32_t HeadWidthEx() const;
+    void HeadWidthEx(std::int32_t pixels); ///< The first column's width follows with the next `Refresh`.
+    OLE_COLOR HeadExBackColor() const;
+    void HeadExBackColor(OLE_COLOR color);
+    OLE_COLOR HeadExBorderColor() const;
+    void HeadExBorderColor(OLE_COLOR color);
+    host::FontPtr Font() const;
+    void Font(const host::Font& font); ///< The line height follows with `SetToSystemfont` or the next load.
+    void SetToSystemfont(bool fSetFontSize = true);
+    std::int32_t TextHeight() const; ///< Pixels of the font's size.
+    bool FontTransparent() const;
+    void FontTransparent(bool on);
+    std::int16_t Appearance() const;
+    void Appearance(std::int16_t appearance); ///< A refused value is ignored.
+    std::int32_t BorderStyle() const;
+    void BorderStyle(std::int32_t style); ///< A refused value is ignored.
+
+    // The host's scratch values.
+
+    const std::string& TmpKey() const;
+    void TmpKey(std::string_view key);
+    const Variant& TmpData() const;
+    void TmpData(const Variant& value);
+
+    // Life cycle and input, called by the component.
+
+    void Initialize(host::Component& component) override;
+    void InitProperties() override;
+    void ReadProperties(host::PropertyBag& bag) override;
+    void WriteProperties(host::PropertyBag& bag) override;
+    void Resize() override;
+    void Paint() override;
+    void Terminate() override;
+    void GotFocus() override;
+    void LostFocus() override;
+    void KeyDown(std::int16_t& keyCode, std::int16_t& shift) override;
+    void KeyPress(std::int16_t& keyAscii) override;
+    void KeyUp(std::int16_t& keyCode, std::int16_t& shift) override;
+    void MouseDown(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+    void MouseMove(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+    void MouseUp(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+
+private:
+    // Items (qRoster.cpp).
+    void ResetItems();
+    void Compact();
+    std::int32_t FreeSlotForNewItem();
+    void RepaintInRunMode();
+    void RefreshInRunMode();
+    bool UserMode() const;
+    host::MessageHook& Hook();
+
+    // Selection and input (qRoster_input.cpp).
+    void SetCurrent(std::int32_t index, bool last);
+    void SetSelectedBit(std::int32_t index, bool on);
+    void EnterMultiActive();
+    void ClearSelection(bool keep);
+    void ExtendSelection(std::int32_t& anchor, std::int32_t old);
+    void RaiseItemEvent(Event<std::int32_t, qrosterdata&>& event, std::int32_t index);
+    void KeySingle(std::int32_t code);
+    void KeyMulti(std::int32_t code, std::int32_t shift);
+    void MouseSingle(std::int32_t message, std::int32_t wParam, std::int32_t lParam);
+    void MouseMulti(std::int32_t message, std::int32_t wParam, std::int32_t lParam);
+    void PressMulti(std::int32_t wParam, std::int32_t lParam);
+
+    // Messages (qRoster.cpp).
+    void AttachHook();
+    void WMHOOK_RtMsg(std::int32_t message, std::int32_t wParam, std::int32_t lParam, bool& fMsgProcess);
+    void WMHOOK_Change(std::int32_t value);
+
+    host::Component* component_ = nullptr;
+    ListState state_;
+    ItemSlots items_;
+    IndexArray itemIndex_{0};
+    CellTable cells_;
+    std::unique_ptr<host::MessageHook> WMHOOK_;
+    std::shared_ptr<cExdrawCallback> cbExDraw_;
+    std::int32_t multiSelect_ = 0;
+    std::int32_t anchor_ = 0;    ///< Anchor of a range selection.
+    bool pendingRemove_ = false; ///< Items are marked removed and await `Refresh`.
+    std::int32_t freeSlot_ = 0;  ///< Where the search for a free slot starts.
+    std::int32_t dragItem_ = 0;  ///< Item under the last press, for the release and the double click.
+    std::int32_t downItem_ = 0;
+    std::int32_t lastLParam_ = 0;
+    std::int32_t lastWParam_ = 0;
+};
+
+} // namespace tvok

@@ -1,0 +1,77 @@
+/// The list engine: cell geometry, item painter, hit testing, keys, scrolling, search and sort.
+///
+/// Every routine works on a control's `ListState`, its item slots, its display index and its cell table.
+/// Geometry is computed in 64 bits; a result that does not fit its place throws `OverflowError`.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "tvok/engine/ItemSlots.h"
+#include "tvok/engine/ListState.h"
+#include "tvok/engine/callbacks.h"
+#include "tvok/host/Hooks.h"
+
+namespace tvok::mtvok {
+
+// Geometry (geometry.cpp).
+
+/// Reads the setting strings and the window, and fills the cell table. Nothing while `xn` or `yn` is 0.
+void BuildCellGrid(CellTable& cells, ListState& state);
+void ParseColWidths(ListState& state);
+void ParseTabStops(ListState& state);
+/// The control's wanted height in twips, or 0 where it needs no change. `rows` below 1 computes `yn` from the
+/// client height. Writes `yn` and `GridRows`.
+std::int32_t ComputeFitHeight(ListState& state, std::int32_t rows);
+/// The control's wanted width in twips, or 0. With `XnAuto` it writes `xn` instead.
+std::int32_t ComputeFitWidth(ListState& state);
+/// Whether the item is on the page. Column and row are written for every index from 1 to `Count`.
+bool IndexToCell(std::int32_t index, const ListState& state, std::int32_t& column, std::int32_t& row);
+
+// Painter (painter.cpp).
+
+/// Paints one cell into `CellRect`; `CurItem` 0 paints a blank one.
+void DrawListItem(ListState& state, const qrosterdata& item, cExdrawCallback& callback, bool focus);
+/// Paints an item by its index. With `column` below 1 the cell is looked up; an item off the page draws
+/// nothing.
+void DrawItemAt(ListState& state, std::int32_t index, ItemSlots& items, IndexArray& indexes,
+                const CellTable& cells, cExdrawCallback& callback, std::int32_t column, std::int32_t row,
+                bool focus);
+/// Paints all cells that meet the rectangle.
+void DrawItems(ListState& state, const tvok_Rect& rect, ItemSlots& items, IndexArray& indexes,
+               const CellTable& cells, cExdrawCallback& callback, bool focus);
+void ResolveIconPos(std::int32_t itemIconPos, std::int32_t& left, std::int32_t& top, std::int32_t& width,
+                    std::int32_t& height, std::int32_t cellHeight, std::int32_t areaWidth,
+                    std::int32_t listIconPos);
+
+// Points and keys (navigation.cpp).
+
+std::int32_t ItemFromPoint(const CellTable& cells, const ListState& state, std::int32_t x, std::int32_t y);
+std::int32_t ItemFromMouseMsg(const ListState& state, const CellTable& cells, std::int32_t lParam,
+                              std::int32_t wParam);
+/// The index that a navigation key leads to, 0 for any other key.
+std::int32_t IndexFromKey(std::int32_t key, const ListState& state);
+
+// Scrolling (navigation.cpp). A null hook throws `ObjectError`.
+
+bool EnsureItemVisible(host::MessageHook* hook, const ListState& state, std::int32_t index, bool last);
+void UpdateScrollRange(host::MessageHook* hook, const ListState& state);
+
+// Search and sort (search.cpp, sort.cpp).
+
+/// The next item whose text starts with the key's character; the current one is tried last. 0 for none.
+std::int32_t SeekItemChar(std::int32_t key, const ListState& state, const ItemSlots& items,
+                          const IndexArray& indexes);
+/// The first item whose text begins with the trimmed `text`, case ignored; `Count` + 1 for none.
+std::int32_t SeekItemPrefix(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
+                            std::string_view text);
+/// The first item whose text equals the trimmed `text`, case ignored; `Count` + 1 for none.
+std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
+                          std::string_view text);
+/// Sorts entries `low` to `high` of the index by text, in the very order of its documented steps. Not stable.
+void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
+                     bool ascending, bool caseSensitive);
+/// Sorts by `SortedMode`, keeps the current item current and repaints. Nothing when the mode is 0.
+void ResortItems(ListState& state, const ItemSlots& items, IndexArray& indexes);
+
+} // namespace tvok::mtvok
