@@ -10,6 +10,10 @@
 
 namespace tvok::soft {
 
+constexpr tvok_Rect RectOf(const pixman_box32_t& box) {
+    return {box.x1, box.y1, box.x2, box.y2};
+}
+
 /// A value. Rectangles are half open; empty ones add nothing.
 class Region {
 public:

@@ -1,0 +1,208 @@
+#include "tvok/host/desktop/pixels/kernels.h"
+
+#include <algorithm>
+#include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace tvok::soft {
+
+namespace {
+
+constexpr Pixel colorBits = 0x00FFFFFF;
+
+/// (under * (255 - amount) + over * amount) / 255, rounded to nearest, for each of the four bytes.
+Pixel Mix(Pixel under, Pixel over, std::uint32_t amount) {
+    Pixel mixed = 0;
+    for (unsigned shift = 0; shift < 32; shift += 8) {
+        const std::uint32_t sum =
+            (under >> shift & 255) * (255 - amount) + (over >> shift & 255) * amount + 128;
+        mixed |= ((sum + (sum >> 8)) >> 8) << shift;
+    }
+    return mixed;
+}
+
+} // namespace
+
+namespace scalar {
+
+void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
+    for (std::int32_t y = 0; y < block.height; ++y) {
+        const auto row = static_cast<std::size_t>(y);
+        for (std::size_t x = 0; x < static_cast<std::size_t>(block.width); ++x) {
+            Pixel& pixel = to[row * pitch + x];
+            pixel = Mix(pixel, color, block.bytes[row * block.pitch + x]);
+        }
+    }
+}
+
+void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) to[i] = Mix(to[i], image[i], image[i] >> 24) & colorBits;
+}
+
+void FillRow(Pixel* to, std::size_t count, Pixel color) {
+    std::fill_n(to, count, color);
+}
+
+void InvertRow(Pixel* to, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) to[i] ^= colorBits;
+}
+
+} // namespace scalar
+
+#if defined(__SSE2__)
+
+namespace {
+
+__m128i Load(const void* from) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(from));
+}
+
+void Store(void* to, __m128i value) {
+    _mm_storeu_si128(static_cast<__m128i*>(to), value);
+}
+
+/// `Mix` for two pixels whose bytes stand in 16-bit lanes. under * 255 + (over - under) * amount is the same
+/// sum, and although the difference may wrap, the sum fits its lane again.
+__m128i MixLanes(__m128i under, __m128i over, __m128i amount) {
+    const __m128i whole = _mm_sub_epi16(_mm_slli_epi16(under, 8), under);
+    const __m128i change = _mm_mullo_epi16(_mm_sub_epi16(over, under), amount);
+    const __m128i sum = _mm_add_epi16(_mm_add_epi16(whole, change), _mm_set1_epi16(128));
+    return _mm_srli_epi16(_mm_add_epi16(sum, _mm_srli_epi16(sum, 8)), 8);
+}
+
+/// Four pixels, with the amounts of the first two and of the last two spread over their lanes.
+__m128i MixFour(__m128i under, __m128i overLow, __m128i overHigh, __m128i amountLow, __m128i amountHigh) {
+    const __m128i zero = _mm_setzero_si128();
+    return _mm_packus_epi16(MixLanes(_mm_unpacklo_epi8(under, zero), overLow, amountLow),
+                            MixLanes(_mm_unpackhi_epi8(under, zero), overHigh, amountHigh));
+}
+
+__m128i SpreadAlpha(__m128i lanes) {
+    return _mm_shufflehi_epi16(_mm_shufflelo_epi16(lanes, 0xFF), 0xFF);
+}
+
+/// Mixes four pixels by the four coverage bytes at `from`. `over`: the colour in the lanes of two pixels.
+void BlendFour(Pixel* to, const std::uint8_t* from, __m128i over) {
+    std::int32_t four = 0;
+    std::memcpy(&four, from, 4);
+    const __m128i zero = _mm_setzero_si128();
+    __m128i amounts = _mm_cvtsi32_si128(four);
+    amounts = _mm_unpacklo_epi8(amounts, amounts);
+    amounts = _mm_unpacklo_epi16(amounts, amounts);
+    Store(to,
+          MixFour(Load(to), over, over, _mm_unpacklo_epi8(amounts, zero), _mm_unpackhi_epi8(amounts, zero)));
+}
+
+} // namespace
+
+void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
+    const __m128i over =
+        _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<std::int32_t>(color)), _mm_setzero_si128());
+    const std::int32_t fours = block.width & ~3;
+    const std::uint8_t* from = block.bytes;
+    for (std::int32_t y = 0; y < block.height; ++y, to += pitch, from += block.pitch) {
+        for (std::int32_t x = 0; x < fours; x += 4) BlendFour(to + x, from + x, over);
+        for (std::int32_t x = fours; x < block.width; ++x) to[x] = Mix(to[x], color, from[x]);
+    }
+}
+
+void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count) {
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i mask = _mm_set1_epi32(static_cast<std::int32_t>(colorBits));
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+        const __m128i over = Load(image + i);
+        const __m128i low = _mm_unpacklo_epi8(over, zero);
+        const __m128i high = _mm_unpackhi_epi8(over, zero);
+        const __m128i mixed = MixFour(Load(to + i), low, high, SpreadAlpha(low), SpreadAlpha(high));
+        Store(to + i, _mm_and_si128(mixed, mask));
+    }
+    scalar::BlendImageRow(to + i, image + i, count - i);
+}
+
+void FillRow(Pixel* to, std::size_t count, Pixel color) {
+    if (count < 4) return scalar::FillRow(to, count, color);
+    const __m128i four = _mm_set1_epi32(static_cast<std::int32_t>(color));
+    Pixel* const last = to + count - 4;
+    for (; to + 12 <= last; to += 16) {
+        Store(to, four);
+        Store(to + 4, four);
+        Store(to + 8, four);
+        Store(to + 12, four);
+    }
+    for (; to < last; to += 4) Store(to, four);
+    Store(last, four); // overlaps what stands before it when the count is no multiple of 4
+}
+
+void InvertRow(Pixel* to, std::size_t count) {
+    const __m128i mask = _mm_set1_epi32(static_cast<std::int32_t>(colorBits));
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) Store(to + i, _mm_xor_si128(Load(to + i), mask));
+    scalar::InvertRow(to + i, count - i);
+}
+
+#else
+
+void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
+    scalar::BlendCoverage(to, pitch, block, color);
+}
+
+void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count) {
+    scalar::BlendImageRow(to, image, count);
+}
+
+void FillRow(Pixel* to, std::size_t count, Pixel color) {
+    scalar::FillRow(to, count, color);
+}
+
+void InvertRow(Pixel* to, std::size_t count) {
+    scalar::InvertRow(to, count);
+}
+
+#endif
+
+namespace {
+
+/// `rect` moved, with what leaves 32 bits cut off.
+tvok_Rect Moved(const tvok_Rect& rect, std::int64_t dx, std::int64_t dy) {
+    const auto cut = [](std::int64_t value) {
+        return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+    };
+    return {cut(rect.Left + dx), cut(rect.Top + dy), cut(rect.Right + dx), cut(rect.bottom + dy)};
+}
+
+std::size_t WidthOf(const tvok_Rect& rect) {
+    return static_cast<std::size_t>(rect.Right - rect.Left);
+}
+
+} // namespace
+
+void Fill(Surface& surface, const tvok_Rect& rect, Pixel color) {
+    const tvok_Rect inside = Intersection(rect, BoundsOf(surface));
+    for (std::int32_t y = inside.Top; y < inside.bottom; ++y)
+        FillRow(surface.Row(y) + inside.Left, WidthOf(inside), color);
+}
+
+void Invert(Surface& surface, const tvok_Rect& rect) {
+    const tvok_Rect inside = Intersection(rect, BoundsOf(surface));
+    for (std::int32_t y = inside.Top; y < inside.bottom; ++y)
+        InvertRow(surface.Row(y) + inside.Left, WidthOf(inside));
+}
+
+void Move(Surface& surface, const tvok_Rect& source, std::int32_t dx, std::int32_t dy) {
+    const tvok_Rect bounds = BoundsOf(surface);
+    const tvok_Rect to = Intersection(Moved(Intersection(source, bounds), dx, dy), bounds);
+    const std::size_t bytes = WidthOf(to) * sizeof(Pixel);
+    const auto moveRow = [&](std::int32_t y) {
+        std::memmove(surface.Row(y) + to.Left, surface.Row(y - dy) + (to.Left - dx), bytes);
+    };
+    if (dy <= 0)
+        for (std::int32_t y = to.Top; y < to.bottom; ++y) moveRow(y);
+    else
+        for (std::int32_t y = to.bottom; y > to.Top; --y) moveRow(y - 1);
+}
+
+} // namespace tvok::soft
