@@ -85,10 +85,10 @@ inline constexpr std::int32_t InUse = static_cast<std::int32_t>(0x80000000u); //
 } // namespace vflag
 
 /// The item record. A default-made one is the documented default item, so `{.text = "a"}` is that with a
-/// text.
+/// text. Every member has an initialiser, so that leaving one out draws no compiler warning.
 struct qrosterdata {
-    std::string text;                            ///< Tab characters split it into tab columns.
-    std::string key;                             ///< Free, need not be unique; goes to `ExDraw`.
+    std::string text{};                          ///< Tab characters split it into tab columns.
+    std::string key{};                           ///< Free, need not be unique; goes to `ExDraw`.
     std::int32_t IconID = -1;                    ///< 1-based image number; 0 or less draws none.
     OLE_COLOR IconBackColor = cWindowBackground; ///< Fill of the icon box.
     std::int32_t IconPos = -1;                   ///< Packed `tvok_IconPos`; bytes of 255 inherit.
@@ -109,9 +109,9 @@ qrosterdata ZeroItem();
 
 /// A column header of `qRosterex` and `pcols`. A default-made one has all fields 0 and empty.
 struct qrosterheader {
-    std::string text;           ///< Caption.
+    std::string text{};         ///< Caption.
     std::int32_t hWidth = 0;    ///< Width in pixels.
-    std::string key;            ///< The host's.
+    std::string key{};          ///< The host's.
     OLE_COLOR fcolor = 0;       ///< Caption colour.
     std::int16_t Alignment = 0; ///< 0 left, 1 right, any other centred.
     std::int32_t vflag = 0;     ///< The host's.
@@ -122,15 +122,15 @@ struct qrosterheader {
 
 /// The row record of `gList`.
 struct elistdata {
-    std::string pKey;     ///< Key of the parent row.
-    qrosterdata hItem;    ///< Caption cell.
-    qrosterdata item;     ///< Value cell.
-    Variant nData;        ///< The value.
-    std::string xbuttons; ///< Description of the in-cell buttons.
+    std::string pKey{};     ///< Key of the parent row.
+    qrosterdata hItem{};    ///< Caption cell.
+    qrosterdata item{};     ///< Value cell.
+    Variant nData{};        ///< The value.
+    std::string xbuttons{}; ///< Description of the in-cell buttons.
     bool bDelete = false;
     bool bVisible = false;
     bool bParentItem = false;
-    std::string HelpStr;
+    std::string HelpStr{};
 
     friend bool operator==(const elistdata&, const elistdata&) = default;
 };
