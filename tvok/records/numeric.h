@@ -23,6 +23,9 @@ std::int32_t TruncateToInt32(double value);
 /// bits.
 std::int32_t ToInt32(std::int64_t value);
 
+/// `value` when 16 bits hold it, else throws `OverflowError`.
+std::int16_t ToInt16(std::int64_t value);
+
 /// "&H", upper-case hexadecimal digits and "&", as the text forms write 32-bit values.
 std::string HexText(std::int32_t value);
 

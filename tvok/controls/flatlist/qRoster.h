@@ -178,35 +178,44 @@ private:
     void ResetItems();
     void Compact();
     std::int32_t FreeSlotForNewItem();
-    void RepaintInRunMode();
+    void PaintInRunMode();
     void RefreshInRunMode();
+    void ResizeInRunMode();
+    host::Component& Base() const;
     bool UserMode() const;
-    host::MessageHook& Hook();
 
     // Selection and input (qRoster_input.cpp).
     void SetCurrent(std::int32_t index, bool last);
     void SetSelectedBit(std::int32_t index, bool on);
     void EnterMultiActive();
     void ClearSelection(bool keep);
+    void ToggleSelectedBit(std::int32_t index);
     void ExtendSelection(std::int32_t& anchor, std::int32_t old);
+    void ShowItem(std::int32_t index, bool last);
+    bool RangeToSelect(std::int32_t& lstart, std::int32_t& lstop) const;
+    void SelectRange(std::int32_t lstart, std::int32_t lstop, bool on);
     void RaiseItemEvent(Event<std::int32_t, qrosterdata&>& event, std::int32_t index);
     void KeySingle(std::int32_t code);
     void KeyMulti(std::int32_t code, std::int32_t shift);
     void MouseSingle(std::int32_t message, std::int32_t wParam, std::int32_t lParam);
     void MouseMulti(std::int32_t message, std::int32_t wParam, std::int32_t lParam);
+    void DragMulti(std::int32_t wParam, std::int32_t lParam);
     void PressMulti(std::int32_t wParam, std::int32_t lParam);
+    void ClickAgain();
+    std::int32_t ItemAt(std::int32_t lParam) const;
 
     // Messages (qRoster.cpp).
     void AttachHook();
     void WMHOOK_RtMsg(std::int32_t message, std::int32_t wParam, std::int32_t lParam, bool& fMsgProcess);
     void WMHOOK_Change(std::int32_t value);
+    void PaintUpdateRegion();
 
     host::Component* component_ = nullptr;
     ListState state_;
     ItemSlots items_;
     IndexArray itemIndex_{0};
     CellTable cells_;
-    std::unique_ptr<host::MessageHook> WMHOOK_;
+    std::shared_ptr<host::MessageHook> WMHOOK_; ///< Run mode only.
     std::shared_ptr<cExdrawCallback> cbExDraw_;
     std::int32_t multiSelect_ = 0;
     std::int32_t anchor_ = 0;    ///< Anchor of a range selection.
@@ -216,6 +225,9 @@ private:
     std::int32_t downItem_ = 0;
     std::int32_t lastLParam_ = 0;
     std::int32_t lastWParam_ = 0;
+    /// Counts the ends of whole lists (a clear, the end of the control). A routine that raised an event compares it:
+    /// when the handler ended the list, the positions that the routine still holds mean nothing any more.
+    std::uint32_t listEnds_ = 0;
 };
 
 } // namespace tvok
