@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tvok/records/Error.h"
+
 namespace tvok {
 
 /// The numeric scan: an optional sign, digits and a decimal point, or "&H" in either case with hexadecimal
@@ -24,7 +26,10 @@ std::int32_t TruncateToInt32(double value);
 std::int32_t ToInt32(std::int64_t value);
 
 /// `value` when 16 bits hold it, else throws `OverflowError`.
-std::int16_t ToInt16(std::int64_t value);
+inline std::int16_t ToInt16(std::int64_t value) {
+    if (value < INT16_MIN || value > INT16_MAX) throw OverflowError("a value does not fit 16 bits");
+    return static_cast<std::int16_t>(value);
+}
 
 /// "&H", upper-case hexadecimal digits and "&", as the text forms write 32-bit values.
 std::string HexText(std::int32_t value);

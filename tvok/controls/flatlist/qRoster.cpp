@@ -41,7 +41,9 @@ host::Component& qRoster::Base() const {
     return *component_;
 }
 
-bool qRoster::UserMode() const { return Base().Ambient().UserMode(); }
+bool qRoster::UserMode() const {
+    return Base().Ambient().UserMode();
+}
 
 // Items.
 
@@ -83,13 +85,15 @@ bool qRoster::AddItem(std::int32_t Index, const qrosterdata& ItemValue) {
     std::copy_backward(entries + Index, entries + count, entries + count + 1);
     entries[Index] = slot;
     if (state_.ListIndex > 0)
-        state_.ListIndex = std::min(state_.ListIndex < Index ? state_.ListIndex : state_.ListIndex + 1, count);
+        state_.ListIndex =
+            std::min(state_.ListIndex < Index ? state_.ListIndex : state_.ListIndex + 1, count);
     return false;
 }
 
 void qRoster::RemoveItem(std::int32_t Index) {
-    // The range test of this operation asks for an index below 1 and above `Count` at once, so nothing is refused:
-    // an index up to the array's bound is marked, one beyond it is the subscript error. Hosts rely on index 0.
+    // The range test of this operation asks for an index below 1 and above `Count` at once, so nothing is
+    // refused: an index up to the array's bound is marked, one beyond it is the subscript error. Hosts rely
+    // on index 0.
     const std::int32_t slot = itemIndex_[Index];
     items_.PutFlags(slot, 0);
     freeSlot_ = slot;
@@ -141,7 +145,9 @@ void qRoster::Compact() {
     pendingRemove_ = false;
 }
 
-std::int32_t qRoster::Count() const { return state_.Count; }
+std::int32_t qRoster::Count() const {
+    return state_.Count;
+}
 
 qrosterdata qRoster::DefaultItem() const {
     qrosterdata item;
@@ -170,7 +176,9 @@ void qRoster::StrSeekItem(std::string_view text) {
     if (state_.Count >= 1) ListIndex(mtvok::SeekItemPrefix(state_, items_, itemIndex_, text));
 }
 
-std::int32_t qRoster::SortedMode() const { return state_.SortedMode; }
+std::int32_t qRoster::SortedMode() const {
+    return state_.SortedMode;
+}
 
 void qRoster::SortedMode(std::int32_t mode) {
     state_.SortedMode = mode;
@@ -189,8 +197,7 @@ void qRoster::Refresh() {
 
 void qRoster::PaintAll() {
     const auto callback = cbExDraw_; // a handler may end the control
-    if (callback)
-        mtvok::DrawItems(state_, state_.ClientRect, items_, itemIndex_, cells_, *callback, false);
+    if (callback) mtvok::DrawItems(state_, state_.ClientRect, items_, itemIndex_, cells_, *callback, false);
 }
 
 void qRoster::DrawItem(std::int32_t Index) {
@@ -240,7 +247,8 @@ void qRoster::Initialize(host::Component& component) {
 }
 
 void qRoster::InitProperties() {
-    // TextHeight stays 0 until SetToSystemfont or the next load: a new control has no line height of its own yet.
+    // TextHeight stays 0 until SetToSystemfont or the next load: a new control has no line height of its own
+    // yet.
     mtvok::InitListProperties(state_);
     host::Assign(*Base().Font(), Base().Ambient().Font());
     state_.FontObj = Base().Font();
@@ -308,7 +316,8 @@ void qRoster::Terminate() {
 
 void qRoster::AttachHook() {
     WMHOOK_ = host::services().CreateMessageHook();
-    WMHOOK_->events.RtMsg = [this](std::int32_t message, std::int32_t wParam, std::int32_t lParam, std::int32_t&,
+    WMHOOK_->events.RtMsg = [this](std::int32_t message, std::int32_t wParam, std::int32_t lParam,
+                                   std::int32_t&,
                                    bool& fMsgProcess) { WMHOOK_RtMsg(message, wParam, lParam, fMsgProcess); };
     WMHOOK_->events.Change = [this](std::int32_t value, std::int32_t, std::int32_t) { WMHOOK_Change(value); };
     WMHOOK_->events.Scroll = [this](std::int32_t value, std::int32_t, std::int32_t) { WMHOOK_Change(value); };
@@ -317,7 +326,8 @@ void qRoster::AttachHook() {
     WMHOOK_->HookAttach(state_.hWnd, flag);
 }
 
-void qRoster::WMHOOK_RtMsg(std::int32_t message, std::int32_t wParam, std::int32_t lParam, bool& fMsgProcess) {
+void qRoster::WMHOOK_RtMsg(std::int32_t message, std::int32_t wParam, std::int32_t lParam,
+                           bool& fMsgProcess) {
     if (message == host::WM_PAINT) {
         PaintUpdateRegion();
         fMsgProcess = true; // nothing is left to paint, so the window's own processing finds nothing to do
@@ -342,7 +352,8 @@ void qRoster::WMHOOK_Change(std::int32_t value) {
     state_.TopRow = value;
     tvok_Rect uncovered;
     host::platform().ScrollDC(state_.hDC, 0, distance, &client, &client, 0, &uncovered);
-    // The pixels stand at `value` from here on, also where a handler scrolls again or throws during the repaint.
+    // The pixels stand at `value` from here on, also where a handler scrolls again or throws during the
+    // repaint.
     state_.LastTop = value;
     host::platform().InvalidateRect(state_.hWnd, &uncovered, false);
     host::platform().UpdateWindow(state_.hWnd);

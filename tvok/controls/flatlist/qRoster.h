@@ -225,8 +225,9 @@ private:
     std::int32_t downItem_ = 0;
     std::int32_t lastLParam_ = 0;
     std::int32_t lastWParam_ = 0;
-    /// Counts the ends of whole lists (a clear, the end of the control). A routine that raised an event compares it:
-    /// when the handler ended the list, the positions that the routine still holds mean nothing any more.
+    /// Counts the ends of whole lists (a clear, the end of the control). A routine that raised an event
+    /// compares it: when the handler ended the list, the positions that the routine still holds mean nothing
+    /// any more.
     std::uint32_t listEnds_ = 0;
 };
 

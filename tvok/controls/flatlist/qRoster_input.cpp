@@ -1,7 +1,7 @@
 // Selection, keyboard and mouse of `qRoster`.
 //
-// The selected state is a bit of each item. While `MultiActive` is false it follows `ListIndex`; while it is true it is
-// set for itself, and moving `ListIndex` leaves it alone.
+// The selected state is a bit of each item. While `MultiActive` is false it follows `ListIndex`; while it is
+// true it is set for itself, and moving `ListIndex` leaves it alone.
 #include "tvok/controls/flatlist/qRoster.h"
 
 #include <cstdlib>
@@ -37,7 +37,9 @@ bool qRoster::IsSelected(std::int32_t Index) const {
     return Index >= 1 && Index <= state_.Count && (items_[itemIndex_[Index]].vflag & vflag::Selected) != 0;
 }
 
-void qRoster::ToggleSelectedBit(std::int32_t index) { SetSelectedBit(index, !IsSelected(index)); }
+void qRoster::ToggleSelectedBit(std::int32_t index) {
+    SetSelectedBit(index, !IsSelected(index));
+}
 
 void qRoster::EnterMultiActive() {
     if (state_.MultiActive) return;
@@ -54,8 +56,12 @@ void qRoster::ClearSelection(bool keep) {
 
 // The current item.
 
-std::int32_t qRoster::ListIndex() const { return state_.ListIndex; }
-void qRoster::ListIndex(std::int32_t index) { SetCurrent(index, true); }
+std::int32_t qRoster::ListIndex() const {
+    return state_.ListIndex;
+}
+void qRoster::ListIndex(std::int32_t index) {
+    SetCurrent(index, true);
+}
 
 void qRoster::SetCurrent(std::int32_t index, bool last) {
     if (index < 1 || index > state_.Count) return;
@@ -92,19 +98,27 @@ void qRoster::GotFocus() {
         ListIndex(1);
 }
 
-void qRoster::LostFocus() { DrawItem(state_.ListIndex); }
+void qRoster::LostFocus() {
+    DrawItem(state_.ListIndex);
+}
 
 // Ranges.
 
-std::int32_t qRoster::MultiSelect() const { return multiSelect_; }
+std::int32_t qRoster::MultiSelect() const {
+    return multiSelect_;
+}
 void qRoster::MultiSelect(std::int32_t mode) {
     if (mode < 0 || mode > 1) return;
     if (state_.MultiActive && multiSelect_ == 1) ClearSelection(true);
     multiSelect_ = mode;
 }
 
-bool qRoster::HotTrack() const { return state_.HotTrack; }
-void qRoster::HotTrack(bool on) { state_.HotTrack = on; }
+bool qRoster::HotTrack() const {
+    return state_.HotTrack;
+}
+void qRoster::HotTrack(bool on) {
+    state_.HotTrack = on;
+}
 
 void qRoster::ExtendSelection(std::int32_t& anchor, std::int32_t old) {
     const std::int32_t from = anchor; // keeps its value on entry, also where the stored anchor changes now
@@ -121,7 +135,8 @@ void qRoster::ExtendSelection(std::int32_t& anchor, std::int32_t old) {
 }
 
 bool qRoster::RangeToSelect(std::int32_t& lstart, std::int32_t& lstop) const {
-    if (state_.Count == 0 || lstart < 0 || lstop < 0 || lstart > state_.Count || lstop > state_.Count) return false;
+    if (state_.Count == 0 || lstart < 0 || lstop < 0 || lstart > state_.Count || lstop > state_.Count)
+        return false;
     if (lstart == 0 && lstop == 0) {
         lstart = 1;
         lstop = state_.Count;
@@ -134,7 +149,8 @@ bool qRoster::RangeToSelect(std::int32_t& lstart, std::int32_t& lstop) const {
 }
 
 void qRoster::SelectRange(std::int32_t lstart, std::int32_t lstop, bool on) {
-    for (std::int32_t i = lstart; i <= lstop; ++i) SetSelectedBit(i, on); // nothing where they are the wrong way round
+    for (std::int32_t i = lstart; i <= lstop; ++i)
+        SetSelectedBit(i, on); // nothing where they are the wrong way round
     if (lstart == lstop)
         DrawItem(lstop);
     else
@@ -178,8 +194,12 @@ void qRoster::KeyDown(std::int16_t& keyCode, std::int16_t& shift) {
         KeySingle(keyCode);
 }
 
-void qRoster::KeyPress(std::int16_t& keyAscii) { events.KeyPress(keyAscii); }
-void qRoster::KeyUp(std::int16_t& keyCode, std::int16_t& shift) { events.KeyUp(keyCode, shift); }
+void qRoster::KeyPress(std::int16_t& keyAscii) {
+    events.KeyPress(keyAscii);
+}
+void qRoster::KeyUp(std::int16_t& keyCode, std::int16_t& shift) {
+    events.KeyUp(keyCode, shift);
+}
 
 void qRoster::KeySingle(std::int32_t code) {
     if (state_.Count < 1) return;
