@@ -73,7 +73,7 @@ public:
     std::int32_t Width() const; ///< Client size in pixels.
     std::int32_t Height() const;
     void Size(std::int32_t width, std::int32_t height);
-    void Move(std::int32_t x, std::int32_t y); ///< On the screen.
+    void Move(std::int32_t x, std::int32_t y); ///< On the screen: the outer left top.
     OLE_COLOR BackColor() const;               ///< Default button face.
     void BackColor(OLE_COLOR color);
     host::Handle hWnd() const;
