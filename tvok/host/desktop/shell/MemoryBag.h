@@ -1,0 +1,34 @@
+/// A property bag in memory, the form between a control and a form file.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "tvok/host/PropertyBag.h"
+
+namespace tvok::soft {
+
+/// "true or false", "a whole number", …: the kind of a value for messages.
+std::string_view KindOf(const host::PropertyValue& value);
+
+/// Compares names exactly, case included, and leaves out a value that equals its default: it takes out what
+/// was stored under that name before.
+class MemoryBag : public host::PropertyBag {
+public:
+    using Values = std::map<std::string, host::PropertyValue, std::less<>>;
+
+    /// Throws `TypeError` that names the key where the stored value is of another type than the default.
+    host::PropertyValue ReadProperty(std::string_view name, const host::PropertyValue& defaultValue) override;
+    void WriteProperty(std::string_view name, const host::PropertyValue& value,
+                       const host::PropertyValue& defaultValue) override;
+
+    /// Stores a value whatever its default is.
+    void Put(std::string_view name, host::PropertyValue value);
+    const Values& All() const { return values_; } ///< In the order of the names.
+
+private:
+    Values values_;
+};
+
+} // namespace tvok::soft
