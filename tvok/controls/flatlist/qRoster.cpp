@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "tvok/engine/WindowPaint.h"
+#include "tvok/engine/designframe.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/engine/persistence.h"
 #include "tvok/host/Services.h"
@@ -16,20 +18,6 @@ constexpr std::int32_t cFirstCellBound = 20;
 constexpr std::int32_t cIndexGrowth = 5;
 constexpr std::int32_t cOwnedFlags = static_cast<std::int32_t>(0xE0000000u); // what `SetData` keeps
 constexpr std::int32_t cHostFlags = 0x1FFFFFFF;
-
-/// A paint of one window: ends it also when a handler throws.
-class WindowPaint {
-public:
-    explicit WindowPaint(host::Handle hWnd) : hWnd_(hWnd) { host::platform().BeginPaint(hWnd_, paint_); }
-    WindowPaint(const WindowPaint&) = delete;
-    WindowPaint& operator=(const WindowPaint&) = delete;
-    ~WindowPaint() { host::platform().EndPaint(hWnd_, paint_); }
-    const tvok_Rect& rect() const { return paint_.rcPaint; }
-
-private:
-    host::Handle hWnd_;
-    host::PaintStruct paint_;
-};
 
 } // namespace
 
@@ -291,15 +279,7 @@ void qRoster::Resize() {
 }
 
 void qRoster::Paint() {
-    if (UserMode()) return; // the hook paints
-    tvok_Rect rect;
-    host::platform().GetClientRect(state_.hWnd, rect);
-    dgi::DrawBoxRect(state_.hDC, rect, 1, cWindowFrame, cWindowBackground, true);
-    rect = dgi::InflatedRect(rect, -1);
-    const std::string name = Base().Ambient().DisplayName();
-    host::platform().SetTextColor(state_.hDC, 0);
-    host::platform().DrawTextA(state_.hDC, name.data(), static_cast<std::int32_t>(name.size()), rect,
-                               host::DT_SINGLELINE);
+    if (!UserMode()) mtvok::DrawDesignFrame(state_.hWnd, state_.hDC, Base().Ambient().DisplayName());
 }
 
 void qRoster::Terminate() {
