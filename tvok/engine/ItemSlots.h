@@ -1,10 +1,8 @@
 /// The item slots of a list: records that never move, and a fast answer to "which slot is free".
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 #include "tvok/records/Array.h"
 #include "tvok/records/tvok_declare.h"
@@ -20,6 +18,8 @@ using IndexArray = Array<std::int32_t>;
 /// Records live in chunks that are never moved, so a reference stays good while the array grows. `Lend` keeps
 /// one good even while a handler clears the whole array.
 class ItemSlots {
+    struct Store;
+
 public:
     ItemSlots();
     ItemSlots(const ItemSlots&) = delete;
@@ -40,7 +40,7 @@ public:
     /// The first slot from `start` to `UpperBound` whose `vflag` lacks `InUse`, or -1.
     std::int32_t FirstFree(std::int32_t start);
 
-    /// Grows to `upperBound`, keeping contents; new records are default items.
+    /// Grows to `upperBound`, keeping contents; new records are default items. A lower bound changes nothing.
     void Resize(std::int32_t upperBound);
 
     /// Back to slot 0 alone, holding the default item. Lent records live on until they are given back.
@@ -48,7 +48,7 @@ public:
 
     /// A record lent to a handler, by reference. Whatever the handler does to the list, the reference stays
     /// good until the loan ends; then, and whenever a free slot is looked for meanwhile, its flags are looked
-    /// at anew.
+    /// at anew. Lending allocates nothing.
     class Loan {
     public:
         Loan(ItemSlots& owner, std::int32_t slot);
@@ -59,15 +59,17 @@ public:
 
     private:
         friend class ItemSlots;
-        struct Impl;
-        std::shared_ptr<void> chunk_;
-        qrosterdata* record_ = nullptr;
-        std::unique_ptr<Impl> impl_;
+        std::shared_ptr<Store> store_; ///< The records of the time of lending, whatever the owner has now.
+        qrosterdata* record_;
+        std::int32_t slot_;
+        Loan* previous_ = nullptr; ///< The loans of a store form a list.
+        Loan* next_ = nullptr;
     };
     Loan Lend(std::int32_t slot) { return Loan(*this, slot); }
 
 private:
-    struct Store;
+    qrosterdata& Checked(std::int32_t slot) const;
+
     std::shared_ptr<Store> store_;
     std::int32_t upper_ = 0;
 };

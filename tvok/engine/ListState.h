@@ -65,12 +65,16 @@ struct ListState {
 /// The cells of a list's grid, indexed (column, row) from 0 in both dimensions. Grows, never shrinks.
 class CellTable {
 public:
+    /// The most cells of a table, far beyond any screen: what asks for more throws `OverflowError`.
+    static constexpr std::int64_t kMostCells = 1 << 24;
+
     CellTable() : CellTable(0, 0) {}
     CellTable(std::int32_t columns, std::int32_t rows) { Make(columns, rows); }
 
     std::int32_t UpperColumn() const { return columns_; }
     std::int32_t UpperRow() const { return rows_; }
-    /// Makes the table anew with these upper bounds: all old entries are lost.
+    /// Makes the table anew with these upper bounds: all old entries are lost. A bound below 0 is a
+    /// subscript error, and the table stays.
     void Make(std::int32_t columns, std::int32_t rows);
 
     tvok_Rect& operator()(std::int32_t column, std::int32_t row) { return cells_[Place(column, row)]; }

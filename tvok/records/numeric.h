@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,15 +16,25 @@ namespace tvok {
 /// 32 bits hold the digits; the closing "&" may be missing.
 double ScanNumber(std::string_view text);
 
+/// Rounds half to even; nothing when 32 bits do not hold the result or it is not a number.
+std::optional<std::int32_t> TryRoundToInt32(double value);
+
 /// Rounds half to even. Throws `OverflowError` when 32 bits do not hold the result or it is not a number.
 std::int32_t RoundToInt32(double value);
 
 /// Drops the fraction. Throws like `RoundToInt32`.
 std::int32_t TruncateToInt32(double value);
 
+[[noreturn]] void ThrowOverflow(std::int64_t value);
+
 /// `value` when 32 bits hold it, else throws `OverflowError`. For sums of geometry, which are made in 64
 /// bits.
-std::int32_t ToInt32(std::int64_t value);
+inline std::int32_t ToInt32(std::int64_t value) {
+    const auto fitting = static_cast<std::int32_t>(value);
+    if (fitting != value) [[unlikely]]
+        ThrowOverflow(value);
+    return fitting;
+}
 
 /// `value` when 16 bits hold it, else throws `OverflowError`.
 inline std::int16_t ToInt16(std::int64_t value) {

@@ -1,0 +1,120 @@
+#include <string>
+#include <string_view>
+
+#include "tvok/engine/mtvok.h"
+#include "tvok/host/Services.h"
+#include "tvok/records/numeric.h"
+#include "tvok/records/text.h"
+
+namespace tvok::mtvok {
+namespace {
+
+bool IsAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char PlainUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+/// Compares texts with one that is in upper case already. Plain letters are compared where they stand; only
+/// a text with other letters on the way costs a conversion.
+class UpperCaseMatch {
+public:
+    explicit UpperCaseMatch(std::string wanted)
+        : wanted_(std::move(wanted)), length_(CharacterCount(wanted_)),
+          plain_(Language().UpperCase("abcdefghijklmnopqrstuvwxyz") == "ABCDEFGHIJKLMNOPQRSTUVWXYZ") {}
+
+    bool Whole(std::string_view text) const {
+        const auto same = PlainBeginning(text);
+        if (same == wanted_.size() && same == text.size()) return true;
+        return !Differs(text, same) && Language().UpperCase(text) == wanted_;
+    }
+
+    /// Whether the text, cut to as many characters as are wanted, is what is wanted.
+    bool Beginning(std::string_view text) const {
+        const auto same = PlainBeginning(text);
+        if (same == wanted_.size()) return true;
+        return !Differs(text, same) && Language().UpperCase(FirstCharacters(text, length_)) == wanted_;
+    }
+
+    static const host::Language& Language() { return host::services().Language(); }
+
+private:
+    /// Number of plain letters at the front that agree.
+    std::size_t PlainBeginning(std::string_view text) const {
+        std::size_t place = 0;
+        if (!plain_) return 0;
+        while (place < wanted_.size() && place < text.size() && IsAscii(text[place]) &&
+               PlainUpper(text[place]) == wanted_[place])
+            ++place;
+        return place;
+    }
+
+    /// Whether the plain letters alone tell that the text is another one.
+    bool Differs(std::string_view text, std::size_t same) const {
+        if (!plain_) return false;
+        if (same == text.size()) return true;
+        return IsAscii(text[same]) && (same == wanted_.size() || IsAscii(wanted_[same]));
+    }
+
+    std::string wanted_;
+    std::size_t length_;
+    bool plain_;
+};
+
+std::string Utf8(std::int32_t character) {
+    const auto tail = [&](int shift) { return static_cast<char>(0x80 | (character >> shift & 0x3F)); };
+    if (character < 0 || character > 0x10FFFF || (character & ~0x7FF) == 0xD800) return {};
+    if (character < 0x80) return {static_cast<char>(character)};
+    if (character < 0x800) return {static_cast<char>(0xC0 | character >> 6), tail(0)};
+    if (character < 0x10000) return {static_cast<char>(0xE0 | character >> 12), tail(6), tail(0)};
+    return {static_cast<char>(0xF0 | character >> 18), tail(12), tail(6), tail(0)};
+}
+
+std::string TrimmedUpper(std::string_view text) {
+    return UpperCaseMatch::Language().UpperCase(Trim(text));
+}
+
+/// The first position from `first` to `last` whose text `matches`, or 0.
+template<class Matches>
+std::int32_t FirstMatch(const ItemSlots& items, const IndexArray& indexes, std::int32_t first,
+                        std::int32_t last, const Matches& matches) {
+    for (std::int32_t i = first; i <= last; ++i)
+        if (matches(items[indexes[i]].text)) return i;
+    return 0;
+}
+
+std::int32_t FoundOrBeyond(std::int32_t found, const ListState& state) {
+    return found > 0 ? found : ToInt32(std::int64_t{state.Count} + 1);
+}
+
+} // namespace
+
+std::int32_t SeekItemChar(std::int32_t key, const ListState& state, const ItemSlots& items,
+                          const IndexArray& indexes) {
+    const auto character = Utf8(key);
+    if (character.empty()) return 0;
+    const UpperCaseMatch wanted(UpperCaseMatch::Language().UpperCase(character));
+    const auto matches = [&](std::string_view text) {
+        return !text.empty() && wanted.Whole(FirstCharacters(text, 1));
+    };
+    const auto next = FirstMatch(items, indexes, state.ListIndex + 1, state.Count, matches);
+    return next > 0 ? next : FirstMatch(items, indexes, 1, state.ListIndex, matches);
+}
+
+std::int32_t SeekItemPrefix(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
+                            std::string_view text) {
+    const UpperCaseMatch wanted(TrimmedUpper(text));
+    const auto matches = [&](std::string_view item) { return wanted.Beginning(item); };
+    return FoundOrBeyond(FirstMatch(items, indexes, 1, state.Count, matches), state);
+}
+
+std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
+                          std::string_view text) {
+    const UpperCaseMatch wanted(TrimmedUpper(text));
+    const auto matches = [&](std::string_view item) { return wanted.Whole(item); };
+    return FoundOrBeyond(FirstMatch(items, indexes, 1, state.Count, matches), state);
+}
+
+} // namespace tvok::mtvok

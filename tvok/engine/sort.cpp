@@ -1,0 +1,232 @@
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tvok/engine/mtvok.h"
+#include "tvok/host/Platform.h"
+#include "tvok/host/Services.h"
+#include "tvok/records/Error.h"
+
+namespace tvok::mtvok {
+namespace {
+
+constexpr std::int32_t kShortRun = 10;
+
+/// A text as bytes whose plain comparison gives the order, with the first eight of them as a number.
+struct Key {
+    std::uint64_t front = 0;
+    const char* bytes = nullptr;
+    std::uint32_t size = 0;
+    std::uint32_t place = 0; ///< Entry of the range that the key belongs to, from 0.
+
+    std::string_view text() const { return {bytes, size}; }
+    friend bool operator<(const Key& a, const Key& b) {
+        return a.front != b.front ? a.front < b.front : a.text() < b.text();
+    }
+    friend bool operator==(const Key& a, const Key& b) { return a.front == b.front && a.text() == b.text(); }
+};
+
+std::uint64_t Front(std::string_view text) {
+    std::uint64_t front = 0;
+    for (std::size_t i = 0; i < sizeof front; ++i)
+        front = front << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+    return front;
+}
+
+/// The keys of a range of entries, made once each.
+class Keys {
+public:
+    Keys(const ItemSlots& items, const IndexArray& indexes, std::int32_t low, std::int32_t high,
+         bool caseSensitive)
+        : keys_(static_cast<std::size_t>(high - low) + 1) {
+        const auto textOf = [&](std::size_t place) -> const std::string& {
+            return items[indexes[low + static_cast<std::int32_t>(place)]].text;
+        };
+        if (caseSensitive) {
+            for (std::size_t i = 0; i < keys_.size(); ++i) Set(i, textOf(i));
+        } else {
+            Fold(textOf);
+        }
+    }
+
+    /// Numbers from 0 in the wanted order, one for each entry of the range; equal keys share one. `distinct`
+    /// tells whether no two do. Uses the keys up.
+    std::vector<std::int32_t> Ranks(bool ascending, bool& distinct) {
+        std::sort(keys_.begin(), keys_.end());
+        std::vector<std::int32_t> ranks(keys_.size());
+        std::int32_t last = 0;
+        for (std::size_t i = 0; i < keys_.size(); ++i) {
+            if (i > 0 && !(keys_[i] == keys_[i - 1])) ++last;
+            ranks[keys_[i].place] = last;
+        }
+        if (!ascending)
+            for (auto& rank : ranks) rank = last - rank;
+        distinct = static_cast<std::size_t>(last) + 1 == keys_.size();
+        return ranks;
+    }
+
+private:
+    void Set(std::size_t place, std::string_view text) {
+        keys_[place] = {Front(text), text.data(), static_cast<std::uint32_t>(text.size()),
+                        static_cast<std::uint32_t>(place)};
+    }
+
+    template<class TextOf>
+    void Fold(const TextOf& textOf) {
+        const host::Language& language = host::services().Language();
+        std::vector<std::size_t> starts(keys_.size() + 1);
+        std::string key;
+        for (std::size_t i = 0; i < keys_.size(); ++i) {
+            language.SortKey(textOf(i), key);
+            folded_ += key;
+            starts[i + 1] = folded_.size();
+        }
+        const std::string_view all = folded_;
+        for (std::size_t i = 0; i < keys_.size(); ++i)
+            Set(i, all.substr(starts[i], starts[i + 1] - starts[i]));
+    }
+
+    std::vector<Key> keys_;
+    std::string folded_;
+};
+
+struct Entry {
+    std::int32_t rank;
+    std::int32_t slot;
+};
+
+struct Range {
+    std::int32_t left;
+    std::int32_t right;
+};
+
+/// The sort's own steps. What order they give among equal texts, and what they leave in `scratch`, is part of
+/// what hosts see.
+class Steps {
+public:
+    Steps(Entry* entries, std::int32_t& scratch) : entries_(entries), scratch_(scratch) {}
+
+    void Run(Range whole) {
+        std::vector<Range> waiting{whole};
+        while (!waiting.empty()) {
+            const Range range = waiting.back();
+            waiting.pop_back();
+            if (IsShort(range)) {
+                Select(range);
+                continue;
+            }
+            const auto [below, above] = Partition(range);
+            if (below.left < below.right) waiting.push_back(below);
+            if (above.left < above.right) waiting.push_back(above);
+        }
+    }
+
+    // Where no two texts are equal, the order is known without the steps, and only the last swap is wanted.
+    // The parts below are worked on last: a part that is in order already swaps nothing.
+    void FindLastSwap(Range range) {
+        while (!IsShort(range)) {
+            const auto [below, above] = Partition(range);
+            if (!InOrder(below))
+                range = below;
+            else if (!InOrder(above))
+                range = above;
+            else
+                return;
+        }
+        Select(range);
+    }
+
+private:
+    struct Parts {
+        Range below;
+        Range above;
+    };
+
+    static bool IsShort(Range range) { return range.right - range.left + 1 <= kShortRun; }
+
+    bool InOrder(Range range) const {
+        for (auto i = range.left; i < range.right; ++i)
+            if (entries_[i].rank > entries_[i + 1].rank) return false;
+        return true;
+    }
+
+    void Swap(std::int32_t i, std::int32_t j) {
+        scratch_ = entries_[i].slot;
+        std::swap(entries_[i], entries_[j]);
+    }
+
+    Parts Partition(Range range) {
+        auto i = range.left;
+        auto j = range.right;
+        const auto pivot = entries_[i + (j - i) / 2].rank;
+        for (;; ++i, --j) {
+            while (j > i && entries_[i].rank < pivot) ++i;
+            while (j >= i && entries_[j].rank > pivot) --j;
+            if (i >= j) break;
+            Swap(i, j);
+        }
+        return {{range.left, j}, {i, range.right}};
+    }
+
+    // Takes the last one among equal texts. That stays.
+    void Select(Range range) {
+        for (auto i = range.left; i < range.right; ++i) {
+            auto least = i;
+            for (auto j = i + 1; j <= range.right; ++j)
+                if (entries_[j].rank <= entries_[least].rank) least = j;
+            if (least > i) Swap(i, least);
+        }
+    }
+
+    Entry* entries_;
+    std::int32_t& scratch_;
+};
+
+void SortEntries(std::vector<Entry>& entries, bool distinct, std::int32_t& scratch) {
+    const Range whole{0, static_cast<std::int32_t>(entries.size()) - 1};
+    if (!distinct) return Steps(entries.data(), scratch).Run(whole);
+    std::vector<Entry> ordered(entries.size());
+    for (const Entry& entry : entries) ordered[static_cast<std::size_t>(entry.rank)] = entry;
+    Steps(entries.data(), scratch).FindLastSwap(whole);
+    entries.swap(ordered);
+}
+
+/// Position of a slot in display order, or 0.
+std::int32_t PositionOf(std::int32_t slot, const IndexArray& indexes, std::int32_t count) {
+    for (std::int32_t i = 1; i <= count; ++i)
+        if (indexes[i] == slot) return i;
+    return 0;
+}
+
+} // namespace
+
+void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
+                     bool ascending, bool caseSensitive) {
+    if (high <= low) return;
+    for (const auto bound : {low, high})
+        if (bound < 0 || bound > indexes.UpperBound()) throw SubscriptError(bound, indexes.UpperBound());
+    bool distinct = false;
+    const auto ranks = Keys(items, indexes, low, high, caseSensitive).Ranks(ascending, distinct);
+    std::vector<Entry> entries(ranks.size());
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        entries[i] = {ranks[i], indexes[low + static_cast<std::int32_t>(i)]};
+    auto scratch = indexes[0];
+    SortEntries(entries, distinct, scratch);
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        indexes[low + static_cast<std::int32_t>(i)] = entries[i].slot;
+    if (low > 0) indexes[0] = scratch;
+}
+
+void ResortItems(ListState& state, const ItemSlots& items, IndexArray& indexes) {
+    if (state.SortedMode == bNoneSorted || state.Count < 1) return;
+    const auto current = state.ListIndex == 0 ? 0 : indexes[state.ListIndex];
+    // Every order but 1 is descending by text here, those named for `ItemData` too. That stays.
+    SortIndexByText(items, indexes, 1, state.Count, state.SortedMode == bAscendingSorted, false);
+    state.ListIndex = state.ListIndex == 0 ? 0 : PositionOf(current, indexes, state.Count);
+    host::platform().InvalidateRect(state.hWnd, &state.ClientRect, false);
+    host::platform().UpdateWindow(state.hWnd);
+}
+
+} // namespace tvok::mtvok
