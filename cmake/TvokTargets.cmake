@@ -1,42 +1,46 @@
 # The two libraries: the core, which needs the standard library alone, and the software desktop.
 
 add_library(tvok_options INTERFACE)
-target_compile_features(tvok_options INTERFACE cxx_std_20)
 target_compile_options(tvok_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion)
 if(TVOK_WARNINGS_AS_ERRORS)
   target_compile_options(tvok_options INTERFACE -Werror)
 endif()
 if(TVOK_SANITIZE)
-  target_compile_options(tvok_options INTERFACE -fsanitize=${TVOK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_compile_options(tvok_options INTERFACE
+    -fsanitize=${TVOK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(tvok_options INTERFACE -fsanitize=${TVOK_SANITIZE})
 endif()
+
+# What both libraries have in common. DEFINE_SYMBOL is emptied because nothing reads it: static and shared
+# objects then compile alike.
+function(tvok_library target name)
+  add_library(tvok::${name} ALIAS ${target})
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_include_directories(${target} PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tvok_options>)
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} POSITION_INDEPENDENT_CODE ON DEFINE_SYMBOL ""
+    VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+endfunction()
 
 file(GLOB_RECURSE tvok_core_sources CONFIGURE_DEPENDS
   ${PROJECT_SOURCE_DIR}/tvok/records/*.cpp ${PROJECT_SOURCE_DIR}/tvok/engine/*.cpp
   ${PROJECT_SOURCE_DIR}/tvok/controls/*.cpp)
 file(GLOB tvok_host_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tvok/host/*.cpp)
 add_library(tvok_core ${tvok_core_sources} ${tvok_host_sources})
-add_library(tvok::core ALIAS tvok_core)
-target_include_directories(tvok_core PUBLIC $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:include>)
-target_compile_features(tvok_core PUBLIC cxx_std_20)
-target_link_libraries(tvok_core PRIVATE $<BUILD_INTERFACE:tvok_options>)
-set_target_properties(tvok_core PROPERTIES EXPORT_NAME core POSITION_INDEPENDENT_CODE ON)
+tvok_library(tvok_core core)
 
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(TVOK_DESKTOP_DEPS REQUIRED IMPORTED_TARGET
-  freetype2 harfbuzz fontconfig fribidi libpng pixman-1 icu-i18n icu-uc)
-find_package(tomlplusplus REQUIRED)
+if(TVOK_DESKTOP)
+  include(${CMAKE_CURRENT_LIST_DIR}/TvokDependencies.cmake)
 
-file(GLOB_RECURSE tvok_desktop_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tvok/host/desktop/*.cpp)
-if(NOT TVOK_SDL)
-  list(FILTER tvok_desktop_sources EXCLUDE REGEX "/displays/Sdl[^/]*\\.cpp$")
-endif()
-add_library(tvok_desktop ${tvok_desktop_sources})
-add_library(tvok::desktop ALIAS tvok_desktop)
-target_link_libraries(tvok_desktop PUBLIC tvok_core PRIVATE $<BUILD_INTERFACE:tvok_options> PkgConfig::TVOK_DESKTOP_DEPS)
-set_target_properties(tvok_desktop PROPERTIES EXPORT_NAME desktop POSITION_INDEPENDENT_CODE ON)
-if(TVOK_SDL)
-  pkg_check_modules(TVOK_SDL_DEPS REQUIRED IMPORTED_TARGET sdl2)
-  target_link_libraries(tvok_desktop PRIVATE PkgConfig::TVOK_SDL_DEPS)
-  target_compile_definitions(tvok_desktop PRIVATE TVOK_SDL=1)
+  file(GLOB_RECURSE tvok_desktop_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tvok/host/desktop/*.cpp)
+  if(NOT TVOK_SDL)
+    list(FILTER tvok_desktop_sources EXCLUDE REGEX "/displays/Sdl[^/]*\\.cpp$")
+  endif()
+  add_library(tvok_desktop ${tvok_desktop_sources})
+  tvok_library(tvok_desktop desktop)
+  target_link_libraries(tvok_desktop PUBLIC tvok_core PRIVATE PkgConfig::TVOK_DESKTOP_DEPS)
+  if(TVOK_SDL)
+    target_link_libraries(tvok_desktop PRIVATE PkgConfig::TVOK_SDL_DEPS)
+    target_compile_definitions(tvok_desktop PRIVATE TVOK_SDL=1)
+  endif()
 endif()
