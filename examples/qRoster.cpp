@@ -30,14 +30,14 @@ int main(int argc, char** argv) {
                             std::int32_t, std::int32_t left, std::int32_t top, std::int32_t right,
                             std::int32_t bottom) {
         if (message != tvok::bExDrawHead) return;
-        const auto rect = tvok::dgi::MakeRect(left, top, right, bottom);
-        const auto number = std::to_string(index);
+        auto rect = tvok::dgi::MakeRect(left, top, right, bottom);
+        const std::string number = std::to_string(index);
         auto& platform = tvok::host::platform();
         platform.SetTextColor(hDC, tvok::dgi::TranslateColor(tvok::cButtonText));
-        platform.SetTextAlign(hDC, tvok::host::TA_CENTER);
+        platform.SetTextAlign(hDC, tvok::host::TA_LEFT);
         platform.SetBkMode(hDC, tvok::host::TRANSPARENT_BK);
-        platform.ExtTextOutA(hDC, (left + right) / 2, top + 2, tvok::host::ETO_CLIPPED, &rect, number,
-                             nullptr);
+        platform.DrawTextA(hDC, number.data(), static_cast<std::int32_t>(number.size()), rect,
+                           tvok::host::DT_CENTER | tvok::host::DT_VCENTER | tvok::host::DT_SINGLELINE);
     };
     list.events.Change = [&](std::int32_t, tvok::qrosterdata& item) {
         form.Caption("Stock: " + item.text.substr(0, item.text.find('\t')));

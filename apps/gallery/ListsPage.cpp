@@ -38,8 +38,8 @@ std::string Plural(std::size_t count, const char* one, const char* many) {
 
 tvok::qrosterdata DetailsItem(const Package& package) {
     const bool basic = package.priority == "required" || package.priority == "important";
-    return {.text = package.name + "\t" + package.version + "\t" + PaddedLeft(SizeText(package.kibibytes), 9) +
-                    "\t" + package.section,
+    return {.text = package.name + "\t" + package.version + "\t" +
+                    PaddedLeft(SizeText(package.kibibytes), 9) + "\t" + package.section,
             .key = package.name,
             .IconID = static_cast<std::int32_t>(IconOfSection(package.section)),
             .vflag = IconFlags | (basic ? tvok::vflag::Bold : 0)};
@@ -120,12 +120,12 @@ void ListsPage::SetUpSections() {
     sections_.HeadExBackColor(tvok::cButtonFace);
     sections_.HeadExBorderColor(tvok::c3DLight);
     sections_.MultiSelect(1);
-    sections_.events.ExDraw = [this](std::int32_t& message, std::int32_t, const std::string& key, std::int32_t hDC,
-                                     std::int32_t, std::int32_t left, std::int32_t top, std::int32_t right,
-                                     std::int32_t bottom) {
+    sections_.events.ExDraw = [this](std::int32_t& message, std::int32_t, const std::string& key,
+                                     std::int32_t hDC, std::int32_t, std::int32_t left, std::int32_t top,
+                                     std::int32_t right, std::int32_t bottom) {
         if (message != tvok::bExDrawHead) return;
-        DrawLabel(hDC, {left, top, right - 6, bottom}, std::to_string(sectionCounts_[key]), 0, tvok::cButtonText,
-                  tvok::host::DT_RIGHT);
+        DrawLabel(hDC, {left, top, right - 6, bottom}, std::to_string(sectionCounts_[key]), 0,
+                  tvok::cButtonText, tvok::host::DT_RIGHT);
     };
     // With several items selected a list raises no Click, so the mouse and the keys are watched.
     sections_.events.Click = [this](std::int32_t, tvok::qrosterdata&) { Filter(); };
@@ -174,17 +174,20 @@ void ListsPage::Paint(std::int32_t hDC) {
     const Places places(form_.Width(), form_.Height());
     dgi::FillRectColor(hDC, {0, HeaderHeight, places.width, places.height}, cButtonFace);
     dgi::FillRectColor(hDC, {0, 0, places.width, HeaderHeight - 1}, cWindowBackground);
-    dgi::FillRectColor(hDC, {0, HeaderHeight - 1, places.width, HeaderHeight}, SystemColor(host::COLOR_BTNSHADOW));
+    dgi::FillRectColor(hDC, {0, HeaderHeight - 1, places.width, HeaderHeight},
+                       SystemColor(host::COLOR_BTNSHADOW));
     DrawLabel(hDC, {Margin, 6, places.width - Margin, 34}, collection_.title, fonts_.Title(), cWindowText);
     DrawLabel(hDC, {Margin, 32, places.width - Margin, 52}, summary_, fonts_.Plain(), cWindowText);
     PaintHeadings(hDC, places);
     const std::int32_t status = places.height - StatusHeight;
-    DrawLabel(hDC, {Margin, status, places.width - Margin, places.height}, status_, fonts_.Plain(), cButtonText);
+    DrawLabel(hDC, {Margin, status, places.width - Margin, places.height}, status_, fonts_.Plain(),
+              cButtonText);
 }
 
 void ListsPage::PaintHeadings(std::int32_t hDC, const Places& places) {
     const auto heading = [&](std::int32_t left, std::int32_t right, std::int32_t listTop, const char* text) {
-        DrawLabel(hDC, {left, listTop - HeadingHeight, right, listTop}, text, fonts_.Bold(), tvok::cButtonText);
+        DrawLabel(hDC, {left, listTop - HeadingHeight, right, listTop}, text, fonts_.Bold(),
+                  tvok::cButtonText);
     };
     const std::int32_t end = places.details.left + places.details.width;
     std::int32_t left = places.details.left + IconArea;
@@ -244,7 +247,8 @@ void ListsPage::FillLists() {
 void ListsPage::ShowCurrent(std::int32_t index) {
     const Package& package = collection_.packages[shown_.at(static_cast<std::size_t>(index) - 1)];
     status_ = package.name;
-    for (const std::string& part : {package.version, SizeText(package.kibibytes), package.section, package.summary}) {
+    for (const std::string& part :
+         {package.version, SizeText(package.kibibytes), package.section, package.summary}) {
         if (!part.empty()) status_ += "  \u00B7  " + part;
     }
     Repaint();
@@ -254,10 +258,12 @@ void ListsPage::Summarise() {
     std::int64_t kibibytes = 0;
     for (const std::size_t place : shown_) kibibytes += collection_.packages[place].kibibytes;
     const bool packages = collection_.note.empty();
-    summary_ = packages ? Plural(shown_.size(), "package", "packages") : Plural(shown_.size(), "file", "files");
+    summary_ =
+        packages ? Plural(shown_.size(), "package", "packages") : Plural(shown_.size(), "file", "files");
     summary_ += ", " + SizeText(kibibytes) + " in all";
     if (!chosen_.empty()) summary_ += ", in " + Plural(chosen_.size(), "section", "sections");
-    for (std::size_t place = 0; place < chosen_.size(); ++place) summary_ += (place > 0 ? ", " : ": ") + chosen_[place];
+    for (std::size_t place = 0; place < chosen_.size(); ++place)
+        summary_ += (place > 0 ? ", " : ": ") + chosen_[place];
     if (!packages) summary_ += ". " + collection_.note;
 }
 

@@ -13,9 +13,9 @@
 
 namespace gallery {
 
-/// `details` shows the packages in tab columns with icons, `names` the same in three grid columns; the two move
-/// together. `sections` is a multi-selection with a head band that the page draws: what is chosen there decides
-/// what the other two show.
+/// `details` shows the packages in tab columns with icons, `names` the same in three grid columns; the two
+/// move together. `sections` is a multi-selection with a head band that the page draws: what is chosen there
+/// decides what the other two show.
 class ListsPage : public Page {
 public:
     ListsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collection);

@@ -18,8 +18,7 @@ Fonts::Fonts() {
 }
 
 Fonts::~Fonts() {
-    platform().DeleteObject(bold_);
-    platform().DeleteObject(title_);
+    tvok::quietly([&] { platform().DeleteObject(bold_); }, [&] { platform().DeleteObject(title_); });
 }
 
 void DrawLabel(Handle hDC, tvok::tvok_Rect rect, std::string_view text, Handle font, tvok::OLE_COLOR color,
