@@ -12,6 +12,8 @@
 namespace tvok::soft {
 
 class ImageList;
+struct WideRect;
+struct WidePoint;
 
 /// Draws on one surface. Coordinates are the context's own; (originX, originY) is where its (0, 0) lies on
 /// the surface. Everything is clipped to `Clip`, in surface coordinates. What was drawn is noted in `damage`.
@@ -78,29 +80,44 @@ public:
                 Region& uncovered);
 
 private:
-    struct TextLayout;
-    struct Paragraph;
-
     void UpdateBounds();
     /// The part of a rectangle in context coordinates that lies within the bounds of the clip, on the
     /// surface.
-    tvok_Rect Placed(std::int64_t left, std::int64_t top, std::int64_t right, std::int64_t bottom) const;
-    tvok_Rect Placed(const tvok_Rect& rect) const {
-        return Placed(rect.Left, rect.Top, rect.Right, rect.bottom);
-    }
+    tvok_Rect Placed(const WideRect& rect) const;
     /// Calls `draw(box)` for each visible part of a placed rectangle.
     template<class Draw>
     void EachVisible(const tvok_Rect& placed, Draw draw) const;
     void Note(const tvok_Rect& placed);
     void Put(const tvok_Rect& placed, Pixel color);
     void Mix(const tvok_Rect& placed, Pixel color);
-    void MixFrame(const tvok_Rect& outer, const tvok_Rect& inner, Pixel color);
+    void MixUnnoted(const tvok_Rect& placed, Pixel color);
+    void MixDots(const tvok_Rect& rect, const WideRect& side);
+    void Outline(const WideRect& outer, const WideRect& inner);
+    void DashedOutline(const WideRect& box);
+    void StraightLine(host::Point from, host::Point to);
     void StepLine(host::Point from, host::Point to);
 
     FontId Font();
+    void PutText(const tvok_Rect& limit, WidePoint place, std::string_view text, const std::int32_t* dx,
+                 bool background);
+    void PutGlyphs(const tvok_Rect& limit, WidePoint place, std::string_view text, const std::int32_t* dx);
+    std::int64_t PutCharacters(const tvok_Rect& ink, WidePoint place, std::string_view text,
+                               const std::int32_t* dx);
+    std::int32_t DrawRun(const tvok_Rect& ink, std::int32_t x, std::int32_t y, std::string_view text);
+
+    template<class Visit>
+    void EachLine(std::string_view text, std::int64_t width, std::int32_t flags, Visit line);
+    template<class Visit>
+    std::int64_t EachPiece(std::string_view line, std::int32_t flags, Visit part);
+    std::int32_t CalculateText(std::string_view text, tvok_Rect& rect, std::int32_t flags);
+    std::int64_t LineWidth(std::string_view line, std::int32_t flags);
+    void PutLine(const tvok_Rect& limit, WidePoint place, std::string_view line, std::int32_t flags);
+    void UnderlineCharacter(const tvok_Rect& limit, WidePoint place, std::string_view line, std::size_t at,
+                            std::int32_t flags);
     std::int32_t TabWidth();
-    void PutText(const tvok_Rect& limit, std::int64_t left, std::int64_t top, std::string_view text,
-                 const std::int32_t* dx, bool background);
+
+    void ScrollBox(const tvok_Rect& area, std::int32_t dx, std::int32_t dy, Region& uncovered);
+    void ScrollVisible(const tvok_Rect& bounds, std::int32_t dx, std::int32_t dy, Region& uncovered);
 
     GdiObjects& objects_;
     TextEngine& text_;
