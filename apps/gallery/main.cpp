@@ -2,13 +2,36 @@
 
 #include <cstdio>
 #include <exception>
+#include <fstream>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "apps/gallery/options.h"
 #include "apps/gallery/pictures.h"
+#include "tvok/host/RecordingPlatform.h"
 
 namespace {
+
+/// Writes every platform call to a file for as long as it lives.
+class Trace {
+public:
+    Trace(tvok::Desktop& desktop, const std::string& file)
+        : desktop_(desktop), out_(file),
+          recorder_(desktop.OwnPlatform(), [this](std::string_view line) { out_ << line << '\n'; }) {
+        if (!out_) throw tvok::FileError(file + ": cannot be written");
+        desktop_.InterposePlatform(&recorder_);
+    }
+    Trace(const Trace&) = delete;
+    Trace& operator=(const Trace&) = delete;
+    ~Trace() { desktop_.InterposePlatform(nullptr); }
+
+private:
+    tvok::Desktop& desktop_;
+    std::ofstream out_;
+    tvok::host::RecordingPlatform recorder_;
+};
 
 int WriteAll(tvok::Desktop& desktop, const gallery::Options& options) {
     const std::string folder = options.headlessFolder.empty() ? "out" : options.headlessFolder;
@@ -25,6 +48,8 @@ int Run(const gallery::Options& options) {
     if (!options.headlessFolder.empty()) settings.display = tvok::DesktopOptions::Display::Headless;
     if (!options.theme.empty()) settings.theme = tvok::Theme::ByName(options.theme);
     tvok::Desktop desktop(settings);
+    std::unique_ptr<Trace> trace;
+    if (!options.traceFile.empty()) trace = std::make_unique<Trace>(desktop, options.traceFile);
 
     if (desktop.IsHeadless()) return WriteAll(desktop, options);
     std::shared_ptr<gallery::Page> page;
