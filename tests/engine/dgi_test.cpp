@@ -1,6 +1,4 @@
 /// The drawing helpers, proven call by call.
-#include <cstring>
-
 #include "tests/support/EngineList.h"
 
 namespace tvok::test {
@@ -145,8 +143,9 @@ TEST_F(Dgi, PointsToPixelsIgnoresErrors) {
     EXPECT_NO_THROW(dgi::PointsToPixels(9));
 }
 
-void SetFace(host::LogFont& font, const char* face) {
-    std::strncpy(font.lfFaceName, face, 32);
+void SetFace(host::LogFont& font, std::string face) {
+    face.resize(sizeof font.lfFaceName);
+    face.copy(font.lfFaceName, face.size());
 }
 
 TEST_F(Dgi, SystemFontIsReadFromStockObject17) {

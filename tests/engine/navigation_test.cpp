@@ -8,9 +8,9 @@ using namespace mtvok;
 
 /// 3 columns of 100 and 4 whole rows of 18 with lines of 1 pixel between; 30 items, the page starts with
 /// row 3.
-class Page : public EngineList {
+class HitTest : public EngineList {
 protected:
-    Page() {
+    HitTest() {
         log.client = {0, 0, 330, 80};
         state.xn = 3;
         state.yn = 4;
@@ -28,7 +28,7 @@ protected:
 
 // Points.
 
-TEST_F(Page, TheFirstCellOfThePageIsTheItemBehindTheScrolledRows) {
+TEST_F(HitTest, TheFirstCellOfThePageIsTheItemBehindTheScrolledRows) {
     EXPECT_EQ(At(0, 0), 7);
     EXPECT_EQ(At(101, 0), 8);
     EXPECT_EQ(At(250, 10), 9);
@@ -36,7 +36,7 @@ TEST_F(Page, TheFirstCellOfThePageIsTheItemBehindTheScrolledRows) {
     EXPECT_EQ(At(250, 79), 21) << "the partial row counts";
 }
 
-TEST_F(Page, APointOnAGridLineBelongsToTheFirstCellThatReachesIt) {
+TEST_F(HitTest, APointOnAGridLineBelongsToTheFirstCellThatReachesIt) {
     EXPECT_EQ(At(100, 5), 7);
     EXPECT_EQ(At(101, 5), 8);
     EXPECT_EQ(At(5, 18), 7);
@@ -46,13 +46,13 @@ TEST_F(Page, APointOnAGridLineBelongsToTheFirstCellThatReachesIt) {
     EXPECT_EQ(At(-2, 5), 0);
 }
 
-TEST_F(Page, APointInTheFillerColumnHitsNothing) {
+TEST_F(HitTest, APointInTheFillerColumnHitsNothing) {
     EXPECT_EQ(At(302, 5), 9) << "the line belongs to the last column";
     EXPECT_EQ(At(303, 5), 0);
     EXPECT_EQ(At(303, 40), 0);
 }
 
-TEST_F(Page, AFillerEndsItsRowsSearchAndTheRowsBelowAreStillTried) {
+TEST_F(HitTest, AFillerEndsItsRowsSearchAndTheRowsBelowAreStillTried) {
     state.xn = 1;
     state.TopRow = 0;
     state.GridCols = 2;
@@ -68,7 +68,7 @@ TEST_F(Page, AFillerEndsItsRowsSearchAndTheRowsBelowAreStillTried) {
     EXPECT_EQ(At(5, 5), 1);
 }
 
-TEST_F(Page, AnItemBehindTheLastOneIsNone) {
+TEST_F(HitTest, AnItemBehindTheLastOneIsNone) {
     state.Count = 10;
     EXPECT_EQ(At(50, 30), 10);
     EXPECT_EQ(At(150, 30), 0);
@@ -78,7 +78,7 @@ TEST_F(Page, AnItemBehindTheLastOneIsNone) {
 
 // Mouse messages.
 
-TEST_F(Page, AMouseMessageHitsOnlyWithTheLeftButtonOrHotTracking) {
+TEST_F(HitTest, AMouseMessageHitsOnlyWithTheLeftButtonOrHotTracking) {
     EXPECT_EQ(Mouse(150, 5, 0), 0);
     EXPECT_EQ(Mouse(150, 5, 2 | 4 | 8 | 16), 0) << "other buttons and keys";
     EXPECT_EQ(Mouse(150, 5, 1), 8);
@@ -87,7 +87,7 @@ TEST_F(Page, AMouseMessageHitsOnlyWithTheLeftButtonOrHotTracking) {
     EXPECT_EQ(Mouse(150, 5, 0), 8);
 }
 
-TEST_F(Page, AMouseMessageBesideTheClientAreaIsNone) {
+TEST_F(HitTest, AMouseMessageBesideTheClientAreaIsNone) {
     state.ListIndex = 10;
     for (const std::int32_t y : {-5, 5, 500}) {
         EXPECT_EQ(Mouse(-1, y, 1), 0);
@@ -97,7 +97,7 @@ TEST_F(Page, AMouseMessageBesideTheClientAreaIsNone) {
     EXPECT_EQ(Mouse(329, -1, 1), 7) << "inside the sides: one key step up from 10";
 }
 
-TEST_F(Page, ADragAboveOrBelowMovesOneKeyStep) {
+TEST_F(HitTest, ADragAboveOrBelowMovesOneKeyStep) {
     state.ListIndex = 10;
     EXPECT_EQ(Mouse(50, -1, 1), 7);
     EXPECT_EQ(Mouse(50, 80, 1), 13) << "the bottom edge is outside";
@@ -106,7 +106,7 @@ TEST_F(Page, ADragAboveOrBelowMovesOneKeyStep) {
     EXPECT_EQ(Mouse(50, 3000, 1), 13);
 }
 
-TEST_F(Page, OutsideAboveAndBelowNothingMovesWithoutTheButton) {
+TEST_F(HitTest, OutsideAboveAndBelowNothingMovesWithoutTheButton) {
     state.ListIndex = 10;
     state.HotTrack = true;
     EXPECT_EQ(Mouse(50, -1, 0), 0);
@@ -115,9 +115,9 @@ TEST_F(Page, OutsideAboveAndBelowNothingMovesWithoutTheButton) {
 
 // Keys.
 
-class Keys : public EngineList {
+class NavigationKeys : public EngineList {
 protected:
-    Keys() {
+    NavigationKeys() {
         state.xn = 3;
         state.yn = 4;
         state.Count = 30;
@@ -128,7 +128,7 @@ protected:
     }
 };
 
-TEST_F(Keys, PageUpGoesBackAPageOrToTheFirst) {
+TEST_F(NavigationKeys, PageUpGoesBackAPageOrToTheFirst) {
     EXPECT_EQ(From(13, 33), 1);
     EXPECT_EQ(From(20, 33), 8);
     EXPECT_EQ(From(12, 33), 1);
@@ -137,14 +137,14 @@ TEST_F(Keys, PageUpGoesBackAPageOrToTheFirst) {
     EXPECT_EQ(From(0, 33), 1);
 }
 
-TEST_F(Keys, PageDownGoesOnAPageOrToTheLast) {
+TEST_F(NavigationKeys, PageDownGoesOnAPageOrToTheLast) {
     EXPECT_EQ(From(1, 34), 13);
     EXPECT_EQ(From(18, 34), 30);
     EXPECT_EQ(From(19, 34), 30);
     EXPECT_EQ(From(0, 34), 12);
 }
 
-TEST_F(Keys, EndAndHomeGoToTheEnds) {
+TEST_F(NavigationKeys, EndAndHomeGoToTheEnds) {
     EXPECT_EQ(From(5, 35), 30);
     EXPECT_EQ(From(5, 36), 1);
     state.Count = 0;
@@ -152,7 +152,7 @@ TEST_F(Keys, EndAndHomeGoToTheEnds) {
     EXPECT_EQ(From(0, 36), 1);
 }
 
-TEST_F(Keys, LeftAndRightGoByOne) {
+TEST_F(NavigationKeys, LeftAndRightGoByOne) {
     EXPECT_EQ(From(5, 37), 4);
     EXPECT_EQ(From(1, 37), 1);
     EXPECT_EQ(From(0, 37), 1);
@@ -161,7 +161,7 @@ TEST_F(Keys, LeftAndRightGoByOne) {
     EXPECT_EQ(From(0, 39), 1);
 }
 
-TEST_F(Keys, UpGoesByARowAndInTheFirstRowByOne) {
+TEST_F(NavigationKeys, UpGoesByARowAndInTheFirstRowByOne) {
     EXPECT_EQ(From(5, 38), 2);
     EXPECT_EQ(From(4, 38), 1);
     EXPECT_EQ(From(3, 38), 2);
@@ -169,7 +169,7 @@ TEST_F(Keys, UpGoesByARowAndInTheFirstRowByOne) {
     EXPECT_EQ(From(0, 38), 1);
 }
 
-TEST_F(Keys, DownGoesByARowAndInTheLastRowByOneUpToTheLast) {
+TEST_F(NavigationKeys, DownGoesByARowAndInTheLastRowByOneUpToTheLast) {
     EXPECT_EQ(From(5, 40), 8);
     EXPECT_EQ(From(27, 40), 30);
     EXPECT_EQ(From(28, 40), 29);
@@ -178,11 +178,11 @@ TEST_F(Keys, DownGoesByARowAndInTheLastRowByOneUpToTheLast) {
     EXPECT_EQ(From(0, 40), 3);
 }
 
-TEST_F(Keys, OtherKeysLeadNowhere) {
+TEST_F(NavigationKeys, OtherKeysLeadNowhere) {
     for (const std::int32_t key : {0, 1, 8, 13, 27, 32, 41, 45, 46, 65, 112, -1}) EXPECT_EQ(From(5, key), 0);
 }
 
-TEST_F(Keys, PagesOfAnySizeLeadToTheEnds) {
+TEST_F(NavigationKeys, PagesOfAnySizeLeadToTheEnds) {
     state.xn = state.yn = 1 << 20;
     EXPECT_EQ(From(5, 34), 30);
     EXPECT_EQ(From(5, 33), 1);
@@ -192,12 +192,12 @@ TEST_F(Keys, PagesOfAnySizeLeadToTheEnds) {
 
 using Writes = std::vector<std::pair<std::string, std::int32_t>>;
 
-class Scrolling : public EngineList {
+class ScrollRange : public EngineList {
 protected:
     FakeHook hook;
 };
 
-TEST_F(Scrolling, RangeIsTheRowsBeyondThePage) {
+TEST_F(ScrollRange, RangeIsTheRowsBeyondThePage) {
     state.xn = 3;
     state.yn = 2;
     state.Count = 10; // 4 rows
@@ -210,7 +210,7 @@ TEST_F(Scrolling, RangeIsTheRowsBeyondThePage) {
     EXPECT_EQ(hook.writes, (Writes{{"ScrollLarge", 2}, {"ScrollMax", 1}}));
 }
 
-TEST_F(Scrolling, AListThatFitsHasNoRangeAndGoesToTheTop) {
+TEST_F(ScrollRange, AListThatFitsHasNoRangeAndGoesToTheTop) {
     state.xn = 3;
     state.yn = 2;
     state.Count = 6; // just the page
@@ -224,13 +224,13 @@ TEST_F(Scrolling, AListThatFitsHasNoRangeAndGoesToTheTop) {
     EXPECT_EQ(hook.writes, (Writes{{"ScrollLarge", 2}, {"ScrollMax", 0}, {"ScrollValue", 0}}));
 }
 
-TEST_F(Scrolling, WithoutColumnsTheRangeStays) {
+TEST_F(ScrollRange, WithoutColumnsTheRangeStays) {
     state.xn = 0;
     UpdateScrollRange(&hook, state);
     EXPECT_TRUE(hook.writes.empty());
 }
 
-TEST_F(Scrolling, WithoutAHookIsAnObjectError) {
+TEST_F(ScrollRange, WithoutAHookIsAnObjectError) {
     EXPECT_THROW(UpdateScrollRange(nullptr, state), ObjectError);
     state.Count = 5;
     state.GridRows = 6;
@@ -239,7 +239,7 @@ TEST_F(Scrolling, WithoutAHookIsAnObjectError) {
 
 // Bringing an item into view.
 
-class IntoView : public Scrolling {
+class IntoView : public ScrollRange {
 protected:
     IntoView() {
         state.yn = 5;

@@ -17,7 +17,7 @@ struct Setting {
     PropertyValue defaultValue;
 };
 
-class Keys : public EngineList {
+class BagKeys : public EngineList {
 protected:
     /// A state in which no setting has its default.
     void Change() {
@@ -71,7 +71,7 @@ protected:
     FakeBag bag;
 };
 
-TEST_F(Keys, AreWrittenInTheirOrderWithTheirTypesAndDefaults) {
+TEST_F(BagKeys, AreWrittenInTheirOrderWithTheirTypesAndDefaults) {
     Change();
     WriteListProperties(bag, state);
     const auto expected = Written();
@@ -83,7 +83,7 @@ TEST_F(Keys, AreWrittenInTheirOrderWithTheirTypesAndDefaults) {
     }
 }
 
-TEST_F(Keys, AreReadInTheirOrderWithTheDefaultsOfTheWriter) {
+TEST_F(BagKeys, AreReadInTheirOrderWithTheDefaultsOfTheWriter) {
     ReadListProperties(bag, state);
     const std::vector<std::string> order{"TmpKey",
                                          "SelectedColor",
@@ -119,7 +119,7 @@ TEST_F(Keys, AreReadInTheirOrderWithTheDefaultsOfTheWriter) {
     }
 }
 
-TEST_F(Keys, AnEmptyBagGivesEveryKeysDefault) {
+TEST_F(BagKeys, AnEmptyBagGivesEveryKeysDefault) {
     Change();
     ReadListProperties(bag, state);
     EXPECT_EQ(state.TmpKey, "");
@@ -148,7 +148,7 @@ TEST_F(Keys, AnEmptyBagGivesEveryKeysDefault) {
 
 // The writer spells one key unlike the reader: with a bag that compares exactly the property is lost. It
 // stays so.
-TEST_F(Keys, ComeBackFromAnExactBagButForTheLineOnTheBorder) {
+TEST_F(BagKeys, ComeBackFromAnExactBagButForTheLineOnTheBorder) {
     Change();
     WriteListProperties(bag, state);
     const ListState saved = state;
@@ -164,13 +164,13 @@ TEST_F(Keys, ComeBackFromAnExactBagButForTheLineOnTheBorder) {
     EXPECT_EQ(state.TmpKey, saved.TmpKey);
 }
 
-TEST_F(Keys, TheReadersSpellingIsFound) {
+TEST_F(BagKeys, TheReadersSpellingIsFound) {
     bag.stored["GridlineOnBorder"] = true;
     ReadListProperties(bag, state);
     EXPECT_TRUE(state.GridlineOnBorder);
 }
 
-TEST_F(Keys, LeaveWhatIsNotPersistedAlone) {
+TEST_F(BagKeys, LeaveWhatIsNotPersistedAlone) {
     AddTexts({"a", "b"});
     state.SortedMode = 2;
     state.IconHandle = 5;
@@ -184,7 +184,7 @@ TEST_F(Keys, LeaveWhatIsNotPersistedAlone) {
     EXPECT_EQ(state.Count, 2);
 }
 
-TEST_F(Keys, ANewControlStartsWithItsOwnValues) {
+TEST_F(BagKeys, ANewControlStartsWithItsOwnValues) {
     Change();
     InitListProperties(state);
     EXPECT_EQ(state.GridlineWidth, 0) << "unlike the key's default of 1";
@@ -208,7 +208,7 @@ TEST_F(Keys, ANewControlStartsWithItsOwnValues) {
     EXPECT_EQ(state.TmpKey, "");
 }
 
-TEST_F(Keys, ANewControlsFixedHeightIsNotTouched) {
+TEST_F(BagKeys, ANewControlsFixedHeightIsNotTouched) {
     for (const bool fixed : {true, false}) {
         state.FixedHeight = fixed;
         InitListProperties(state);
@@ -219,7 +219,7 @@ TEST_F(Keys, ANewControlsFixedHeightIsNotTouched) {
 
 // The text form, written.
 
-class TextForm : public EngineList {
+class ItemsText : public EngineList {
 protected:
     static std::string Lines(const std::vector<std::string>& lines) {
         std::string text;
@@ -244,7 +244,7 @@ protected:
     }
 };
 
-TEST_F(TextForm, SettingsAreWrittenLineByLine) {
+TEST_F(ItemsText, SettingsAreWrittenLineByLine) {
     state.BackColor = 0x00ABCDEF;
     state.CX_TEXT = 21;
     state.GridlineOnBorder = true;
@@ -261,13 +261,13 @@ TEST_F(TextForm, SettingsAreWrittenLineByLine) {
                               "15=&H8000000D&", "18=4", "19=6", "25= 0,10 ", "26=20,30", "27=0", "998"}));
 }
 
-TEST_F(TextForm, BooleansAreMinusOneAndZero) {
+TEST_F(ItemsText, BooleansAreMinusOneAndZero) {
     state.FixedWidthForLastXn = true;
     EXPECT_NE(Build().find("\r\n27=-1\r\n"), std::string::npos);
     EXPECT_NE(Build().find("\r\n6=0\r\n"), std::string::npos);
 }
 
-TEST_F(TextForm, ItemHeightIsWrittenLessTheHeightOfTheFontAsItIsNow) {
+TEST_F(ItemsText, ItemHeightIsWrittenLessTheHeightOfTheFontAsItIsNow) {
     state.TextHeight = 99; // not asked
     font->value.Size = 12;
     EXPECT_NE(Build().find("\r\n13=2\r\n"), std::string::npos);
@@ -275,7 +275,7 @@ TEST_F(TextForm, ItemHeightIsWrittenLessTheHeightOfTheFontAsItIsNow) {
     EXPECT_NE(Build().find("\r\n13=-6\r\n"), std::string::npos);
 }
 
-TEST_F(TextForm, ItemsAreWrittenAsDifferencesFromTheOneBefore) {
+TEST_F(ItemsText, ItemsAreWrittenAsDifferencesFromTheOneBefore) {
     Add({.text = "ant",
          .key = "k",
          .IconID = 3,
@@ -309,18 +309,18 @@ TEST_F(TextForm, ItemsAreWrittenAsDifferencesFromTheOneBefore) {
                                    "999"}));
 }
 
-TEST_F(TextForm, TheFirstItemIsTheDifferenceFromTheDefaults) {
+TEST_F(ItemsText, TheFirstItemIsTheDifferenceFromTheDefaults) {
     Add({});
     EXPECT_EQ(BuildItems(), Lines({"998", "109=&H80000000&", "999"}));
 }
 
-TEST_F(TextForm, TwoItemsWithTheSameTextWriteItOnce) {
+TEST_F(ItemsText, TwoItemsWithTheSameTextWriteItOnce) {
     AddTexts({"same", "same", "other", "same"});
     EXPECT_EQ(BuildItems(), Lines({"998", "107=same", "109=&H80000000&", "999", "999", "107=other", "999",
                                    "107=same", "999"}));
 }
 
-TEST_F(TextForm, ASelectionLeavesNoTrace) {
+TEST_F(ItemsText, ASelectionLeavesNoTrace) {
     Add({.text = "a"});
     Add({.text = "b", .vflag = vflag::Selected});
     Add({.text = "c"});
@@ -331,20 +331,20 @@ TEST_F(TextForm, ASelectionLeavesNoTrace) {
     EXPECT_EQ(BuildItems(), Lines({"998", "107=a", "109=&H80100000&", "999"}));
 }
 
-TEST_F(TextForm, ItemsAreWrittenInDisplayOrder) {
+TEST_F(ItemsText, ItemsAreWrittenInDisplayOrder) {
     AddTexts({"a", "b"});
     std::swap(indexes[1], indexes[2]);
     EXPECT_EQ(BuildItems(), Lines({"998", "107=b", "109=&H80000000&", "999", "107=a", "999"}));
 }
 
-TEST_F(TextForm, TextsAreWrittenAsTheyStand) {
+TEST_F(ItemsText, TextsAreWrittenAsTheyStand) {
     Add({.text = " a=b ", .key = "\tx"});
     EXPECT_EQ(BuildItems(), Lines({"998", "107= a=b ", "108=\tx", "109=&H80000000&", "999"}));
 }
 
 // The text form, read.
 
-TEST_F(TextForm, SettingsAreReadLineByLine) {
+TEST_F(ItemsText, SettingsAreReadLineByLine) {
     ParseLines({"1=&HABCDEF&", "3=21", "5=&H80000001&", "6=-1", "7=2", "8=&HFF&", "10=3", "11=&H7&",
                 "12=&H1011011&", "13=6", "14=99", "15=&H8000000E&", "18=4", "19=6", "25=0,10", "26=20,30",
                 "27=1"});
@@ -369,12 +369,12 @@ TEST_F(TextForm, SettingsAreReadLineByLine) {
 }
 
 // The border of the head band is written and skipped on reading. It stays so.
-TEST_F(TextForm, TheHeadBandsBorderIsSkipped) {
+TEST_F(ItemsText, TheHeadBandsBorderIsSkipped) {
     ParseLines({"9=&H123456&"});
     EXPECT_EQ(state.HeadExBorderColor, cButtonFace);
 }
 
-TEST_F(TextForm, AnyNumberButZeroIsTrue) {
+TEST_F(ItemsText, AnyNumberButZeroIsTrue) {
     ParseLines({"6=5", "27=-7"});
     EXPECT_TRUE(state.GridlineOnBorder);
     EXPECT_TRUE(state.FixedWidthForLastXn);
@@ -383,7 +383,7 @@ TEST_F(TextForm, AnyNumberButZeroIsTrue) {
     EXPECT_FALSE(state.FixedWidthForLastXn);
 }
 
-TEST_F(TextForm, ItemHeightGetsTheHeightOfTheFontAsItIsNow) {
+TEST_F(ItemsText, ItemHeightGetsTheHeightOfTheFontAsItIsNow) {
     state.TextHeight = 99; // not asked
     const std::string saved = Build();
     font->value.Size = 18;
@@ -391,7 +391,7 @@ TEST_F(TextForm, ItemHeightGetsTheHeightOfTheFontAsItIsNow) {
     EXPECT_EQ(state.ItemHeight, 30) << "6 pixels of padding around 24 of text";
 }
 
-TEST_F(TextForm, SettingsAreStoredDirectlyAndNothingIsRebuilt) {
+TEST_F(ItemsText, SettingsAreStoredDirectlyAndNothingIsRebuilt) {
     log.Clear();
     ParseLines({"18=0", "14=-5"});
     EXPECT_EQ(state.xn, 0);
@@ -401,7 +401,7 @@ TEST_F(TextForm, SettingsAreStoredDirectlyAndNothingIsRebuilt) {
     EXPECT_TRUE(log.Drawing().empty());
 }
 
-TEST_F(TextForm, ItemLinesFillTheWorkingRecord) {
+TEST_F(ItemsText, ItemLinesFillTheWorkingRecord) {
     ParseLines({"998", "101=&H2&", "102=&H4&", "103=&H1&", "104=&H1020304&", "105=3", "106=-5", "107=ant",
                 "108=k", "109=&H8&", "999"});
     ASSERT_EQ(state.Count, 1);
@@ -416,14 +416,14 @@ TEST_F(TextForm, ItemLinesFillTheWorkingRecord) {
                                   .vflag = vflag::IconBox | vflag::InUse}));
 }
 
-TEST_F(TextForm, TheWorkingRecordGoesOnFromItemToItemUntil998) {
+TEST_F(ItemsText, TheWorkingRecordGoesOnFromItemToItemUntil998) {
     ParseLines({"107=a", "105=2", "999", "107=b", "999", "998", "107=c", "999"});
     ASSERT_EQ(state.Count, 3);
     EXPECT_EQ(At(2), (qrosterdata{.text = "b", .IconID = 2, .vflag = vflag::InUse}));
     EXPECT_EQ(At(3), (qrosterdata{.text = "c", .vflag = vflag::InUse}));
 }
 
-TEST_F(TextForm, AnItemLineAloneAddsTheWorkingRecord) {
+TEST_F(ItemsText, AnItemLineAloneAddsTheWorkingRecord) {
     ParseLines({"999"});
     ASSERT_EQ(state.Count, 1);
     EXPECT_EQ(At(1), (qrosterdata{.vflag = vflag::InUse}));
@@ -431,7 +431,7 @@ TEST_F(TextForm, AnItemLineAloneAddsTheWorkingRecord) {
     EXPECT_EQ(Texts(), (std::vector<std::string>{"", "x", "x"}));
 }
 
-TEST_F(TextForm, TheLastLineWithoutAnEndIsNotRead) {
+TEST_F(ItemsText, TheLastLineWithoutAnEndIsNotRead) {
     Parse("107=a\r\n999\r\n107=b\r\n999");
     EXPECT_EQ(Texts(), std::vector<std::string>{"a"});
     Parse("");
@@ -441,37 +441,37 @@ TEST_F(TextForm, TheLastLineWithoutAnEndIsNotRead) {
     EXPECT_EQ(state.Count, 1) << "other line ends end no line";
 }
 
-TEST_F(TextForm, LinesAndValuesAreTrimmedOfBlanksAlone) {
+TEST_F(ItemsText, LinesAndValuesAreTrimmedOfBlanksAlone) {
     ParseLines({"  107 =  some text  ", "108=\tkey\t", " 999 "});
     ASSERT_EQ(state.Count, 1);
     EXPECT_EQ(At(1).text, "some text");
     EXPECT_EQ(At(1).key, "\tkey\t");
 }
 
-TEST_F(TextForm, TheFirstEqualSignDivides) {
+TEST_F(ItemsText, TheFirstEqualSignDivides) {
     ParseLines({"107=a=b=c", "108==", "999"});
     EXPECT_EQ(At(1).text, "a=b=c");
     EXPECT_EQ(At(1).key, "=");
 }
 
-TEST_F(TextForm, AnEqualSignInFrontDividesNothing) {
+TEST_F(ItemsText, AnEqualSignInFrontDividesNothing) {
     ParseLines({"107=x", "=107", "=107=y", "999"});
     EXPECT_EQ(At(1).text, "x") << "such a line is the number 0";
 }
 
-TEST_F(TextForm, ALineWithoutAnEqualSignKeepsTheValueOfTheLineBefore) {
+TEST_F(ItemsText, ALineWithoutAnEqualSignKeepsTheValueOfTheLineBefore) {
     ParseLines({"107=abc", "108", "999"});
     EXPECT_EQ(At(1).text, "abc");
     EXPECT_EQ(At(1).key, "abc");
 }
 
-TEST_F(TextForm, UnknownLinesAreSkipped) {
+TEST_F(ItemsText, UnknownLinesAreSkipped) {
     ParseLines({"2=1", "4=1", "16=5", "100=5", "110=x", "500", "words", "", "-1=3", "999"});
     EXPECT_EQ(state.Count, 1);
     EXPECT_EQ(At(1), (qrosterdata{.vflag = vflag::InUse}));
 }
 
-TEST_F(TextForm, ATextWithALineBreakLosesWhatFollowsIt) {
+TEST_F(ItemsText, ATextWithALineBreakLosesWhatFollowsIt) {
     Add({.text = "one\r\ntwo"});
     Add({.text = "three"});
     const std::string saved = Build();
@@ -480,19 +480,19 @@ TEST_F(TextForm, ATextWithALineBreakLosesWhatFollowsIt) {
     EXPECT_EQ(Texts(), (std::vector<std::string>{"one", "three"}));
 }
 
-TEST_F(TextForm, ANumberThatDoesNotFitLeavesTheNumberOfTheLineBefore) {
+TEST_F(ItemsText, ANumberThatDoesNotFitLeavesTheNumberOfTheLineBefore) {
     ParseLines({"107=x", "99999999999=foo", "999"});
     EXPECT_EQ(At(1).text, "foo");
 }
 
-TEST_F(TextForm, AValueThatDoesNotFitLeavesItsField) {
+TEST_F(ItemsText, AValueThatDoesNotFitLeavesItsField) {
     state.CX_TEXT = 33;
     ParseLines({"3=99999999999", "105=7", "105=99999999999", "999"});
     EXPECT_EQ(state.CX_TEXT, 33);
     EXPECT_EQ(At(1).IconID, 7);
 }
 
-TEST_F(TextForm, ValuesAreScannedAndRoundedHalfToEven) {
+TEST_F(ItemsText, ValuesAreScannedAndRoundedHalfToEven) {
     ParseLines({"3=12ab", "7=2.5", "10=3.5", "14=abc", "18=&h1F"});
     EXPECT_EQ(state.CX_TEXT, 12);
     EXPECT_EQ(state.GridlineWidth, 2);
@@ -501,14 +501,14 @@ TEST_F(TextForm, ValuesAreScannedAndRoundedHalfToEven) {
     EXPECT_EQ(state.xn, 31);
 }
 
-TEST_F(TextForm, ItemsComeBehindThoseThatAreThere) {
+TEST_F(ItemsText, ItemsComeBehindThoseThatAreThere) {
     AddTexts({"a", "b"});
     ParseLines({"107=c", "999"});
     EXPECT_EQ(Texts(), (std::vector<std::string>{"a", "b", "c"}));
     EXPECT_EQ(indexes[3], 3) << "in the slot of its number";
 }
 
-TEST_F(TextForm, BothArraysGrowToFiveMoreThanTheCount) {
+TEST_F(ItemsText, BothArraysGrowToFiveMoreThanTheCount) {
     ParseLines({"999"});
     EXPECT_EQ(items.UpperBound(), 6);
     EXPECT_EQ(indexes.UpperBound(), 6);
@@ -520,7 +520,7 @@ TEST_F(TextForm, BothArraysGrowToFiveMoreThanTheCount) {
     EXPECT_EQ(indexes.UpperBound(), 12);
 }
 
-TEST_F(TextForm, ComesBackButForWhatItDoesNotKeep) {
+TEST_F(ItemsText, ComesBackButForWhatItDoesNotKeep) {
     state.HeadExBorderColor = 0x123456;
     state.GridlineOnBorder = true;
     state.ColWidthSettingStr = "0,10,20";
@@ -551,14 +551,14 @@ TEST_F(TextForm, ComesBackButForWhatItDoesNotKeep) {
     EXPECT_EQ(Build(), saved);
 }
 
-TEST_F(TextForm, StrangeBytesAreReadAsTheyAre) {
+TEST_F(ItemsText, StrangeBytesAreReadAsTheyAre) {
     using namespace std::string_literals;
     Parse("107=a\0b\xFF\xFE\r\n999\r\n"s);
     ASSERT_EQ(state.Count, 1);
     EXPECT_EQ(At(1).text, "a\0b\xFF\xFE"s);
 }
 
-TEST_F(TextForm, AnErrorOfTheFontEndsOnlyItsLine) {
+TEST_F(ItemsText, AnErrorOfTheFontEndsOnlyItsLine) {
     state.FontObj = nullptr;
     EXPECT_NO_THROW(ParseLines({"13=6", "3=5"}));
     EXPECT_EQ(state.CX_TEXT, 5);

@@ -11,7 +11,7 @@ using namespace mtvok;
 
 // Search by a key's character.
 
-class Search : public EngineList {
+class ItemSearch : public EngineList {
 protected:
     std::int32_t Char(std::int32_t key, std::int32_t current = 0) {
         state.ListIndex = current;
@@ -21,7 +21,7 @@ protected:
     std::int32_t Whole(std::string_view text) { return FindItemText(state, items, indexes, text); }
 };
 
-TEST_F(Search, AKeyFindsTheNextItemThatStartsWithItInEitherCase) {
+TEST_F(ItemSearch, AKeyFindsTheNextItemThatStartsWithItInEitherCase) {
     AddTexts({"ant", "bee", "Ape", "cat", "2x"});
     EXPECT_EQ(Char('A'), 1);
     EXPECT_EQ(Char('a'), 1);
@@ -30,7 +30,7 @@ TEST_F(Search, AKeyFindsTheNextItemThatStartsWithItInEitherCase) {
     EXPECT_EQ(Char('2', 1), 5);
 }
 
-TEST_F(Search, AKeyWrapsAndTriesTheCurrentItemLast) {
+TEST_F(ItemSearch, AKeyWrapsAndTriesTheCurrentItemLast) {
     AddTexts({"ant", "bee", "ape", "cat"});
     EXPECT_EQ(Char('A', 3), 1);
     EXPECT_EQ(Char('A', 4), 1);
@@ -38,27 +38,27 @@ TEST_F(Search, AKeyWrapsAndTriesTheCurrentItemLast) {
     EXPECT_EQ(Char('C', 4), 4);
 }
 
-TEST_F(Search, AKeyWithoutAMatchGivesZero) {
+TEST_F(ItemSearch, AKeyWithoutAMatchGivesZero) {
     EXPECT_EQ(Char('A'), 0) << "an empty list";
     AddTexts({"ant", "", "bee"});
     EXPECT_EQ(Char('X', 2), 0);
     EXPECT_EQ(Char(' ', 2), 0);
 }
 
-TEST_F(Search, AKeyComparesWholeCharacters) {
+TEST_F(ItemSearch, AKeyComparesWholeCharacters) {
     AddTexts({"Äpfel", "Ananas"});
     EXPECT_EQ(Char('A'), 2);
     EXPECT_EQ(Char(0xC3), 0) << "the first byte of a character is not the character";
 }
 
-TEST_F(Search, AnyKeyCodeIsHarmless) {
+TEST_F(ItemSearch, AnyKeyCodeIsHarmless) {
     AddTexts({"ant", "\xFF\xFE", ""});
     for (const std::int32_t key : {-1, -2147483647 - 1, 2147483647, 0x110000, 0xD800}) {
         EXPECT_NO_THROW(Char(key)) << key;
     }
 }
 
-TEST_F(Search, GoesInDisplayOrder) {
+TEST_F(ItemSearch, GoesInDisplayOrder) {
     AddTexts({"b1", "a1", "b2", "a2"});
     std::swap(indexes[1], indexes[3]);
     std::swap(indexes[2], indexes[4]); // b2 a2 b1 a1
@@ -71,7 +71,7 @@ TEST_F(Search, GoesInDisplayOrder) {
 
 // Search by text.
 
-TEST_F(Search, APrefixIsTrimmedAndItsCaseIgnored) {
+TEST_F(ItemSearch, APrefixIsTrimmedAndItsCaseIgnored) {
     AddTexts({"ant hill", "Bee hive", "beetle"});
     EXPECT_EQ(Prefix("bee"), 2);
     EXPECT_EQ(Prefix("BEET"), 3);
@@ -79,13 +79,13 @@ TEST_F(Search, APrefixIsTrimmedAndItsCaseIgnored) {
     EXPECT_EQ(Prefix("ant hill"), 1);
 }
 
-TEST_F(Search, APrefixWithoutAMatchGivesOneMoreThanTheCount) {
+TEST_F(ItemSearch, APrefixWithoutAMatchGivesOneMoreThanTheCount) {
     AddTexts({"ant", "bee"});
     EXPECT_EQ(Prefix("x"), 3);
     EXPECT_EQ(Prefix("ants"), 3) << "longer than the text";
 }
 
-TEST_F(Search, TheEmptyPrefixIsTheFirstItem) {
+TEST_F(ItemSearch, TheEmptyPrefixIsTheFirstItem) {
     AddTexts({"ant", "bee"});
     EXPECT_EQ(Prefix(""), 1);
     EXPECT_EQ(Prefix("   "), 1);
@@ -93,20 +93,20 @@ TEST_F(Search, TheEmptyPrefixIsTheFirstItem) {
     EXPECT_EQ(Prefix(""), 1) << "which is the count and 1";
 }
 
-TEST_F(Search, APrefixMayHaveLettersBeyondAscii) {
+TEST_F(ItemSearch, APrefixMayHaveLettersBeyondAscii) {
     AddTexts({"Å", "äpfel", "birne"});
     EXPECT_EQ(Prefix("Äp"), 2);
     EXPECT_EQ(Prefix("Ä"), 2);
 }
 
-TEST_F(Search, TheItemsTextIsNotTrimmed) {
+TEST_F(ItemSearch, TheItemsTextIsNotTrimmed) {
     AddTexts({" ant", "ant "});
     EXPECT_EQ(Prefix("ant"), 2);
     EXPECT_EQ(Whole("ant"), 3);
     EXPECT_EQ(Whole("ant "), 3) << "the searched text is trimmed, the item's is not";
 }
 
-TEST_F(Search, AWholeTextHasToMatchButForItsCase) {
+TEST_F(ItemSearch, AWholeTextHasToMatchButForItsCase) {
     AddTexts({"ant", "Bee", "bee", "beetle", ""});
     EXPECT_EQ(Whole("bee"), 2);
     EXPECT_EQ(Whole(" BEETLE "), 4);
@@ -114,13 +114,13 @@ TEST_F(Search, AWholeTextHasToMatchButForItsCase) {
     EXPECT_EQ(Whole(""), 5);
 }
 
-TEST_F(Search, AWholeTextWithoutAMatchGivesOneMoreThanTheCountAndNeverZero) {
+TEST_F(ItemSearch, AWholeTextWithoutAMatchGivesOneMoreThanTheCountAndNeverZero) {
     EXPECT_EQ(Whole("x"), 1);
     AddTexts({"a", "b", "c", "d"});
     EXPECT_EQ(Whole("nothing"), 5);
 }
 
-TEST_F(Search, AnEntryBeyondTheIndexIsASubscriptError) {
+TEST_F(ItemSearch, AnEntryBeyondTheIndexIsASubscriptError) {
     AddTexts({"ant"});
     state.Count = 5;
     EXPECT_THROW(Whole("x"), SubscriptError);
@@ -196,7 +196,7 @@ private:
     bool caseSensitive_;
 };
 
-class Sort : public EngineList {
+class IndexSort : public EngineList {
 protected:
     void SortAll(bool ascending = true, bool caseSensitive = false) {
         SortIndexByText(items, indexes, 1, state.Count, ascending, caseSensitive);
@@ -219,20 +219,20 @@ protected:
     }
 };
 
-TEST_F(Sort, AmongEqualTextsTheLastOneComesFirst) {
+TEST_F(IndexSort, AmongEqualTextsTheLastOneComesFirst) {
     AddTexts({"x", "x", "x"});
     SortAll();
     EXPECT_EQ(Order(), (std::vector<std::int32_t>{3, 1, 2}));
     EXPECT_EQ(indexes[0], 2) << "entry 0 keeps what the last swap moved through it";
 }
 
-TEST_F(Sort, DescendingTakesTheLastOfEqualTextsFirstToo) {
+TEST_F(IndexSort, DescendingTakesTheLastOfEqualTextsFirstToo) {
     AddTexts({"a", "b", "b", "a"});
     SortAll(false);
     EXPECT_EQ(Order(), (std::vector<std::int32_t>{3, 2, 4, 1}));
 }
 
-TEST_F(Sort, CaseIsIgnoredOrBinary) {
+TEST_F(IndexSort, CaseIsIgnoredOrBinary) {
     AddTexts({"b", "A", "a", "B"});
     SortAll(true, true);
     EXPECT_EQ(Texts(), (std::vector<std::string>{"A", "B", "a", "b"}));
@@ -246,13 +246,13 @@ TEST_F(Sort, CaseIsIgnoredOrBinary) {
     EXPECT_EQ(Texts(), (std::vector<std::string>{"C", "b", "A"}));
 }
 
-TEST_F(Sort, OnlyTheGivenRangeIsSorted) {
+TEST_F(IndexSort, OnlyTheGivenRangeIsSorted) {
     AddTexts({"e", "d", "c", "b", "a"});
     SortIndexByText(items, indexes, 2, 4, true, false);
     EXPECT_EQ(Texts(), (std::vector<std::string>{"e", "b", "c", "d", "a"}));
 }
 
-TEST_F(Sort, ARangeOfOneOrNoneTouchesNothing) {
+TEST_F(IndexSort, ARangeOfOneOrNoneTouchesNothing) {
     AddTexts({"b", "a"});
     indexes[0] = 99;
     SortIndexByText(items, indexes, 2, 2, true, false);
@@ -261,7 +261,7 @@ TEST_F(Sort, ARangeOfOneOrNoneTouchesNothing) {
     EXPECT_EQ(indexes[0], 99);
 }
 
-TEST_F(Sort, MovesNoRecords) {
+TEST_F(IndexSort, MovesNoRecords) {
     AddTexts({"c", "b", "a"});
     SortAll();
     EXPECT_EQ(items[1].text, "c");
@@ -270,7 +270,7 @@ TEST_F(Sort, MovesNoRecords) {
     EXPECT_EQ(Order(), (std::vector<std::int32_t>{3, 2, 1}));
 }
 
-TEST_F(Sort, FollowsItsStepsToTheLastSwapForFewItems) {
+TEST_F(IndexSort, FollowsItsStepsToTheLastSwapForFewItems) {
     for (const bool ascending : {true, false}) {
         for (const bool caseSensitive : {true, false}) {
             ExpectSteps({"b", "a", "B", "A", "c", "a", "C", "b", "A"}, ascending, caseSensitive);
@@ -280,7 +280,7 @@ TEST_F(Sort, FollowsItsStepsToTheLastSwapForFewItems) {
     }
 }
 
-TEST_F(Sort, FollowsItsStepsToTheLastSwapForManyItems) {
+TEST_F(IndexSort, FollowsItsStepsToTheLastSwapForManyItems) {
     std::uint32_t seed = 12345;
     for (const std::size_t count : {11u, 12u, 21u, 57u, 300u}) {
         for (const std::uint32_t kinds : {1u, 2u, 5u, 1000u}) {
@@ -296,7 +296,7 @@ TEST_F(Sort, FollowsItsStepsToTheLastSwapForManyItems) {
     }
 }
 
-TEST_F(Sort, FollowsItsStepsForSortedAndReversedItems) {
+TEST_F(IndexSort, FollowsItsStepsForSortedAndReversedItems) {
     std::vector<std::string> texts;
     for (int i = 0; i < 64; ++i) texts.push_back(std::to_string(100 + i));
     for (const bool ascending : {true, false}) {
@@ -307,7 +307,7 @@ TEST_F(Sort, FollowsItsStepsForSortedAndReversedItems) {
 
 // Sorting a list by its mode.
 
-class Resort : public EngineList {
+class Resorting : public EngineList {
 protected:
     void Mode(std::int32_t mode) {
         log.Clear();
@@ -316,7 +316,7 @@ protected:
     }
 };
 
-TEST_F(Resort, ModeOneAscendsAndEveryOtherModeDescends) {
+TEST_F(Resorting, ModeOneAscendsAndEveryOtherModeDescends) {
     AddTexts({"b", "C", "a"});
     Mode(1);
     EXPECT_EQ(Texts(), (std::vector<std::string>{"a", "b", "C"}));
@@ -327,7 +327,7 @@ TEST_F(Resort, ModeOneAscendsAndEveryOtherModeDescends) {
     }
 }
 
-TEST_F(Resort, TheCurrentItemStaysCurrent) {
+TEST_F(Resorting, TheCurrentItemStaysCurrent) {
     AddTexts({"m", "l", "k", "j", "i", "h", "g", "f", "e", "d", "c", "b", "a"});
     state.ListIndex = 2;
     Mode(1);
@@ -335,14 +335,14 @@ TEST_F(Resort, TheCurrentItemStaysCurrent) {
     EXPECT_EQ(items[indexes[state.ListIndex]].text, "l");
 }
 
-TEST_F(Resort, WithoutACurrentItemThereIsNoneAfterwards) {
+TEST_F(Resorting, WithoutACurrentItemThereIsNoneAfterwards) {
     AddTexts({"b", "a"});
     state.ListIndex = 0;
     Mode(1);
     EXPECT_EQ(state.ListIndex, 0);
 }
 
-TEST_F(Resort, RepaintsTheClientAreaAtOnce) {
+TEST_F(Resorting, RepaintsTheClientAreaAtOnce) {
     AddTexts({"b", "a"});
     state.ClientRect = {0, 0, 300, 100};
     Mode(2);
@@ -350,7 +350,7 @@ TEST_F(Resort, RepaintsTheClientAreaAtOnce) {
                                 PlainCall("UpdateWindow", {cWindow})}));
 }
 
-TEST_F(Resort, WithoutAModeOrItemsDoesNothing) {
+TEST_F(Resorting, WithoutAModeOrItemsDoesNothing) {
     AddTexts({"b", "a"});
     Mode(0);
     EXPECT_EQ(Texts(), (std::vector<std::string>{"b", "a"}));
