@@ -1,0 +1,36 @@
+/// The text that is copied from one place and pasted in another.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tvok::soft {
+
+class Display;
+
+class Clipboard {
+public:
+    virtual ~Clipboard() = default;
+    virtual std::string Text() = 0; ///< UTF-8; empty where there is none.
+    virtual void Text(std::string_view utf8) = 0;
+};
+
+/// The screen's clipboard. `display` has to outlive it.
+class DisplayClipboard : public Clipboard {
+public:
+    explicit DisplayClipboard(Display& display) : display_(display) {}
+    std::string Text() override;
+    void Text(std::string_view utf8) override;
+
+private:
+    Display& display_;
+};
+
+/// The thread's clipboard: one in memory while none has been set.
+Clipboard& clipboard();
+
+/// Sets the thread's clipboard and gives the one before; null for the one in memory. It has to outlive its
+/// being set.
+Clipboard* SetClipboard(Clipboard* clipboard);
+
+} // namespace tvok::soft

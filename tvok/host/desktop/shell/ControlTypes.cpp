@@ -1,0 +1,52 @@
+#include "tvok/host/desktop/shell/ControlTypes.h"
+
+#include <map>
+#include <utility>
+
+#include "tvok/controls/flatlist/qRoster.h"
+#include "tvok/host/desktop/shell/TextBox.h"
+
+namespace tvok {
+
+namespace {
+
+struct ControlType {
+    std::type_index type;
+    ControlFactory make;
+};
+
+template<class T>
+ControlType TypeOf() {
+    return {typeid(T), [] { return std::make_unique<T>(); }};
+}
+
+std::map<std::string, ControlType>& Types() {
+    static std::map<std::string, ControlType> types{{"qRoster", TypeOf<qRoster>()},
+                                                    {"TextBox", TypeOf<TextBox>()}};
+    return types;
+}
+
+} // namespace
+
+void RegisterControl(const std::string& name, std::type_index type, ControlFactory factory) {
+    Types().insert_or_assign(name, ControlType{type, std::move(factory)});
+}
+
+std::vector<std::string> RegisteredControls() {
+    std::vector<std::string> names;
+    for (const auto& [name, type] : Types()) names.push_back(name);
+    return names;
+}
+
+std::unique_ptr<host::Control> MakeControl(const std::string& name) {
+    const auto found = Types().find(name);
+    return found != Types().end() ? found->second.make() : nullptr;
+}
+
+std::string ControlTypeName(const host::Control& control) {
+    for (const auto& [name, type] : Types())
+        if (type.type == typeid(control)) return name;
+    return {};
+}
+
+} // namespace tvok
