@@ -13,14 +13,17 @@ namespace {
 
 constexpr Pixel colorBits = 0x00FFFFFF;
 
-/// (under * (255 - amount) + over * amount) / 255, rounded to nearest, for each of the four bytes.
+/// 0 to 255 as 0 to 256, so that mixing divides by a power of two and all is still all.
+std::uint32_t Of256(std::uint32_t amount) {
+    return amount + (amount >> 7);
+}
+
+/// under + (over - under) * amount / 255 for each of the four bytes, to within 1.
 Pixel Mix(Pixel under, Pixel over, std::uint32_t amount) {
+    const std::uint32_t part = Of256(amount);
     Pixel mixed = 0;
-    for (unsigned shift = 0; shift < 32; shift += 8) {
-        const std::uint32_t sum =
-            (under >> shift & 255) * (255 - amount) + (over >> shift & 255) * amount + 128;
-        mixed |= ((sum + (sum >> 8)) >> 8) << shift;
-    }
+    for (unsigned shift = 0; shift < 32; shift += 8)
+        mixed |= (((under >> shift & 255) * (256 - part) + (over >> shift & 255) * part + 128) >> 8) << shift;
     return mixed;
 }
 
@@ -64,36 +67,38 @@ void Store(void* to, __m128i value) {
     _mm_storeu_si128(static_cast<__m128i*>(to), value);
 }
 
-/// `Mix` for two pixels whose bytes stand in 16-bit lanes. under * 255 + (over - under) * amount is the same
-/// sum, and although the difference may wrap, the sum fits its lane again.
-__m128i MixLanes(__m128i under, __m128i over, __m128i amount) {
-    const __m128i whole = _mm_sub_epi16(_mm_slli_epi16(under, 8), under);
-    const __m128i change = _mm_mullo_epi16(_mm_sub_epi16(over, under), amount);
-    const __m128i sum = _mm_add_epi16(_mm_add_epi16(whole, change), _mm_set1_epi16(128));
-    return _mm_srli_epi16(_mm_add_epi16(sum, _mm_srli_epi16(sum, 8)), 8);
+__m128i LanesOf256(__m128i amounts) {
+    return _mm_add_epi16(amounts, _mm_srli_epi16(amounts, 7));
 }
 
-/// Four pixels, with the amounts of the first two and of the last two spread over their lanes.
-__m128i MixFour(__m128i under, __m128i overLow, __m128i overHigh, __m128i amountLow, __m128i amountHigh) {
+/// `Mix` for two pixels whose bytes stand in 16-bit lanes: `raised` is 256 * under + 128. The product of the
+/// difference may wrap, but the sum fits its lane again.
+__m128i MixLanes(__m128i raised, __m128i under, __m128i over, __m128i part) {
+    const __m128i change = _mm_mullo_epi16(_mm_sub_epi16(over, under), part);
+    return _mm_srli_epi16(_mm_add_epi16(raised, change), 8);
+}
+
+/// Four pixels, with the colours and parts of the first two and of the last two in lanes.
+__m128i MixFour(__m128i under, __m128i overLow, __m128i overHigh, __m128i partLow, __m128i partHigh) {
     const __m128i zero = _mm_setzero_si128();
-    return _mm_packus_epi16(MixLanes(_mm_unpacklo_epi8(under, zero), overLow, amountLow),
-                            MixLanes(_mm_unpackhi_epi8(under, zero), overHigh, amountHigh));
+    const __m128i half = _mm_set1_epi8(-128); // below a byte of the upper half: 256 * byte + 128
+    return _mm_packus_epi16(
+        MixLanes(_mm_unpacklo_epi8(half, under), _mm_unpacklo_epi8(under, zero), overLow, partLow),
+        MixLanes(_mm_unpackhi_epi8(half, under), _mm_unpackhi_epi8(under, zero), overHigh, partHigh));
 }
 
 __m128i SpreadAlpha(__m128i lanes) {
-    return _mm_shufflehi_epi16(_mm_shufflelo_epi16(lanes, 0xFF), 0xFF);
+    return LanesOf256(_mm_shufflehi_epi16(_mm_shufflelo_epi16(lanes, 0xFF), 0xFF));
 }
 
 /// Mixes four pixels by the four coverage bytes at `from`. `over`: the colour in the lanes of two pixels.
 void BlendFour(Pixel* to, const std::uint8_t* from, __m128i over) {
     std::int32_t four = 0;
     std::memcpy(&four, from, 4);
-    const __m128i zero = _mm_setzero_si128();
-    __m128i amounts = _mm_cvtsi32_si128(four);
-    amounts = _mm_unpacklo_epi8(amounts, amounts);
-    amounts = _mm_unpacklo_epi16(amounts, amounts);
+    __m128i parts = LanesOf256(_mm_unpacklo_epi8(_mm_cvtsi32_si128(four), _mm_setzero_si128()));
+    parts = _mm_unpacklo_epi16(parts, parts);
     Store(to,
-          MixFour(Load(to), over, over, _mm_unpacklo_epi8(amounts, zero), _mm_unpackhi_epi8(amounts, zero)));
+          MixFour(Load(to), over, over, _mm_unpacklo_epi32(parts, parts), _mm_unpackhi_epi32(parts, parts)));
 }
 
 } // namespace

@@ -39,8 +39,8 @@ struct Coverage {
     std::int32_t height = 0;
 };
 
-/// Mixes `color` into `block.width` by `block.height` pixels from `to` on, each channel rounded to nearest.
-/// `pitch`: pixels from one row to the next. The caller has clipped.
+/// Mixes `color` into `block.width` by `block.height` pixels from `to` on: each channel is within 1 of the
+/// exact mix. `pitch`: pixels from one row to the next. The caller has clipped.
 void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color);
 /// Draws 0xAARRGGBB pixels, colours not multiplied by alpha, over `to`.
 void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count);
