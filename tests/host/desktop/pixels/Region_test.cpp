@@ -30,6 +30,16 @@ TEST(Region, SubtractingAHoleLeavesFourRectangles) {
     EXPECT_TRUE(region.ContainsWhole({0, 0, 10, 3}));
 }
 
+TEST(Region, EmptyOnesAreEqualWhereverTheyCameFrom) {
+    Region emptied({5, 5, 9, 9});
+    emptied.Intersect(tvok_Rect{5, 5, 5, 28}).Translate(3, 4);
+    Region apart({1, 1, 3, 3});
+    apart.Intersect(Region({20, 20, 30, 30}));
+    EXPECT_EQ(emptied, Region());
+    EXPECT_EQ(apart, emptied);
+    EXPECT_FALSE(emptied == Region({5, 5, 9, 9}));
+}
+
 TEST(Region, EmptyRectanglesAddNothing) {
     Region region;
     region.Add(tvok_Rect{5, 5, 5, 9}).Add(tvok_Rect{5, 5, 2, 9}).Subtract(tvok_Rect{5, 5, 2, 9});

@@ -119,6 +119,7 @@ Region& Region::Translate(std::int32_t dx, std::int32_t dy) {
 }
 
 bool operator==(const Region& a, const Region& b) {
+    if (a.IsEmpty() || b.IsEmpty()) return a.IsEmpty() == b.IsEmpty(); // empty ones may keep different places
     return pixman_region32_equal(Raw(a.region_), Raw(b.region_)) != 0;
 }
 
