@@ -25,7 +25,8 @@ void ParseTabStops(ListState& state);
 std::int32_t ComputeFitHeight(ListState& state, std::int32_t rows);
 /// The control's wanted width in twips, or 0. With `XnAuto` it writes `xn` instead.
 std::int32_t ComputeFitWidth(ListState& state);
-/// Whether the item is on the page. Column and row are written for every index from 1 to `Count`.
+/// Whether the item is on the page. Column and row are written for every index from 1 to `Count`. False also
+/// for a list without columns.
 bool IndexToCell(std::int32_t index, const ListState& state, std::int32_t& column, std::int32_t& row);
 
 // Painter (painter.cpp).
@@ -68,7 +69,9 @@ std::int32_t SeekItemPrefix(const ListState& state, const ItemSlots& items, cons
 /// The first item whose text equals the trimmed `text`, case ignored; `Count` + 1 for none.
 std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
                           std::string_view text);
-/// Sorts entries `low` to `high` of the index by text, in the very order of its documented steps. Not stable.
+/// Sorts entries `low` to `high` of the index by text; `low` is 1 or more. Not stable: which of several equal
+/// texts comes first follows from the steps of a partition about the middle entry with short runs sorted by
+/// selection, and entry 0 is left as the last swap of these steps leaves it.
 void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive);
 /// Sorts by `SortedMode`, keeps the current item current and repaints. Nothing when the mode is 0.
