@@ -1,5 +1,5 @@
-/// Where the desktop's top-level windows are shown and where its input comes from. A display only presents damage
-/// and feeds input: all behaviour lives above it.
+/// Where the desktop's top-level windows are shown and where its input comes from. A display only presents
+/// damage and feeds input: all behaviour lives above it.
 #pragma once
 
 #include <chrono>
@@ -17,9 +17,9 @@ namespace tvok::soft {
 /// A top-level window as a display sees it. Rectangles are screen pixels of the desktop, before scaling.
 struct DisplayWindow {
     host::Handle id = 0;
-    tvok_Rect rect;       ///< The client area where the display decorates windows, else the whole window.
+    tvok_Rect rect; ///< The client area where the display decorates windows, else the whole window.
     std::string caption;
-    bool popup = false;   ///< Borderless, above the others, takes no focus and has no task bar entry.
+    bool popup = false; ///< Borderless, above the others, takes no focus and has no task bar entry.
     bool resizable = true;
     bool visible = false;
 };

@@ -181,9 +181,9 @@ void DrawCheckBox(DeviceContext& context, const Theme& theme, const tvok_Rect& r
 
 void DrawRadioButton(DeviceContext& context, const Theme& theme, const tvok_Rect& rect, std::int32_t state) {
     const std::int32_t size = ShorterSide(rect);
-    const auto [x, y] = Centred(rect, size, size);
+    const host::Point at = Centred(rect, size, size);
     const auto ring = [&](std::int32_t inset, LineColors colors) {
-        FillDisc(context, {x + inset, y + inset}, size - 2 * inset, ColorOf(theme, colors.leftTop),
+        FillDisc(context, {at.x + inset, at.y + inset}, size - 2 * inset, ColorOf(theme, colors.leftTop),
                  ColorOf(theme, colors.rightBottom));
     };
     const auto [fill, mark] = BoxColors(state);

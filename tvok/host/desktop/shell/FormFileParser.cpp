@@ -4,7 +4,6 @@
 #include <optional>
 #include <set>
 
-#define TOML_HEADER_ONLY 1
 #include <toml++/toml.h>
 
 #include "tvok/host/desktop/shell/ControlTypes.h"
