@@ -19,8 +19,9 @@ namespace tvok {
 
 class Form;
 namespace soft {
+class Display;
 class World;
-}
+} // namespace soft
 
 /// What the desktop takes its time from: double clicks, auto-repeat, caret.
 class Clock {
@@ -48,7 +49,10 @@ struct DesktopOptions {
 class Desktop {
 public:
     Desktop();
+    /// Throws `ResourceError` where a window is asked for and there is no display.
     explicit Desktop(const DesktopOptions& options);
+    /// On a display made elsewhere; the options that choose one do not count.
+    Desktop(const DesktopOptions& options, std::unique_ptr<soft::Display> display);
     ~Desktop(); ///< Closes every form.
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
@@ -92,6 +96,8 @@ public:
 
 private:
     std::unique_ptr<soft::World> world_;
+    host::Platform* platformBefore_;
+    host::Services* servicesBefore_;
 };
 
 } // namespace tvok

@@ -1,0 +1,172 @@
+#include "tvok/host/desktop/windows/ComponentWindow.h"
+
+#include <algorithm>
+
+#include "tvok/host/desktop/windows/FormWindow.h"
+#include "tvok/host/desktop/windows/World.h"
+
+namespace tvok::soft {
+
+struct ComponentWindow::MouseArguments {
+    MouseArguments(const ComponentWindow& component, const Message& message, std::int16_t which)
+        : button(which), shift(component.world().input.ShiftBits()),
+          x(component.ToTwips(LowWord(message.lParam))), y(component.ToTwips(HighWord(message.lParam))) {}
+    std::int16_t button;
+    std::int16_t shift;
+    float x;
+    float y;
+};
+
+ComponentWindow::ComponentWindow(World& world, Window& parent, host::Control& control, std::string name,
+                                 const tvok_Rect& rect, bool userMode)
+    : WidgetWindow(world, &parent, rect, true), control_(control), name_(std::move(name)),
+      ambient_(*this, userMode) {}
+
+ComponentWindow::~ComponentWindow() {
+    Leave();
+}
+
+void ComponentWindow::BringUp(host::PropertyBag* settings) {
+    try {
+        control_.Initialize(*this);
+        if (settings) {
+            control_.ReadProperties(*settings);
+        } else {
+            control_.InitProperties();
+        }
+        isUp_ = true;
+        if (window().IsAlive()) control_.Resize();
+    } catch (...) {
+        End();
+        throw;
+    }
+}
+
+void ComponentWindow::End() {
+    if (std::exchange(ended_, true)) return;
+    quietly([&] { control_.Terminate(); });
+    for (const auto& child : children_) child->End();
+    Leave();
+}
+
+host::FontValue ComponentWindow::Surroundings::Font() const {
+    return component_.world().DefaultFont();
+}
+
+std::unique_ptr<host::PictureWindow> ComponentWindow::CreatePicture() {
+    return std::make_unique<PictureWindowImpl>(world(), window());
+}
+
+host::Component& ComponentWindow::AddChild(host::Control& child, std::string_view name,
+                                           const tvok_Rect& place, host::PropertyBag* settings) {
+    auto made = std::make_unique<ComponentWindow>(world(), window(), child, std::string(name), place,
+                                                  ambient_.UserMode());
+    ComponentWindow& result = *made;
+    children_.push_back(std::move(made));
+    result.BringUp(settings);
+    return result;
+}
+
+void ComponentWindow::RemoveChild(host::Control& child) {
+    const auto found = std::ranges::find(children_, &child, [](const auto& each) { return &each->control_; });
+    if (found == children_.end()) return;
+    std::unique_ptr<ComponentWindow> removed = std::move(*found);
+    children_.erase(found);
+    removed->End();
+    world().Bury(std::move(removed)); // one of its own events may be running
+}
+
+void ComponentWindow::FocusInside(bool inside) {
+    if (inside) {
+        control_.EnterFocus();
+    } else {
+        control_.ExitFocus();
+    }
+}
+
+void ComponentWindow::FrameResized() {
+    if (isUp_) control_.Resize();
+}
+
+std::int32_t ComponentWindow::Process(Window& target, const Message& message) {
+    switch (message.message) {
+    case host::WM_SIZE: control_.Resize(); return 0;
+    case host::WM_SETFOCUS: control_.GotFocus(); return 0;
+    case host::WM_KILLFOCUS: control_.LostFocus(); return 0;
+    case host::WM_KEYDOWN:
+    case host::WM_SYSKEYDOWN: return KeyDown(message);
+    case host::WM_KEYUP:
+    case host::WM_SYSKEYUP: KeyUp(message); return 0;
+    case host::WM_CHAR: {
+        auto character = static_cast<std::int16_t>(message.wParam);
+        control_.KeyPress(character);
+        return 0;
+    }
+    case host::WM_MOUSEMOVE: {
+        MouseArguments mouse(*this, message, world().input.ButtonBits());
+        control_.MouseMove(mouse.button, mouse.shift, mouse.x, mouse.y);
+        return 0;
+    }
+    case host::WM_LBUTTONDOWN: MousePress(message, 1); return 0;
+    case host::WM_RBUTTONDOWN: MousePress(message, 2); return 0;
+    case host::WM_MBUTTONDOWN: MousePress(message, 4); return 0;
+    case host::WM_LBUTTONUP: MouseRelease(message, 1); return 0;
+    case host::WM_RBUTTONUP: MouseRelease(message, 2); return 0;
+    case host::WM_MBUTTONUP: MouseRelease(message, 4); return 0;
+    case host::WM_LBUTTONDBLCLK:
+        TakeMouse();
+        control_.DblClick();
+        return 0;
+    case host::WM_RBUTTONDBLCLK: MousePress(message, 2); return 0;
+    case host::WM_MBUTTONDBLCLK: MousePress(message, 4); return 0;
+    default: return WidgetCore::Process(target, message);
+    }
+}
+
+/// Not 0 where the key is used up and gives no character.
+std::int32_t ComponentWindow::KeyDown(const Message& message) {
+    auto code = static_cast<std::int16_t>(message.wParam);
+    std::int16_t shift = world().input.ShiftBits();
+    const host::Handle form = window().root().handle();
+    if (FormWindow* owner = world().FormOf(window())) owner->RaiseKeyDown(code, shift);
+    if (code == 0 || !window().IsAlive()) return 0;
+    control_.KeyDown(code, shift);
+    if (code != host::VK_TAB || (shift & 6) != 0) return 0;
+    const Window* root = world().windows.Find(form);
+    FormWindow* owner = root ? world().FormOf(*root) : nullptr;
+    return owner && owner->MoveFocus((shift & 1) != 0) ? 1 : 0;
+}
+
+void ComponentWindow::KeyUp(const Message& message) {
+    auto code = static_cast<std::int16_t>(message.wParam);
+    std::int16_t shift = world().input.ShiftBits();
+    control_.KeyUp(code, shift);
+}
+
+/// The component has the mouse while a button is down.
+void ComponentWindow::TakeMouse() {
+    if (world().focus.capture() == 0)
+        world().focus.Capture(window().handle(), FocusManager::CaptureKind::Automatic);
+}
+
+void ComponentWindow::MousePress(const Message& message, std::int16_t button) {
+    TakeMouse();
+    if (button == 1) armed_ = true;
+    MouseArguments mouse(*this, message, button);
+    control_.MouseDown(mouse.button, mouse.shift, mouse.x, mouse.y);
+}
+
+void ComponentWindow::MouseRelease(const Message& message, std::int16_t button) {
+    const bool clicked = button == 1 && std::exchange(armed_, false);
+    const host::Point point{LowWord(message.lParam), HighWord(message.lParam)};
+    const tvok_Rect area{0, 0, WidthOf(window().clientArea()), HeightOf(window().clientArea())};
+    FocusManager& focus = world().focus;
+    if (world().input.ButtonBits() == 0 && focus.capture() == window().handle() &&
+        focus.captureKind() == FocusManager::CaptureKind::Automatic)
+        focus.ReleaseCapture();
+    MouseArguments mouse(*this, message, button);
+    control_.MouseUp(mouse.button, mouse.shift, mouse.x, mouse.y);
+    if (clicked && window().IsAlive() && Contains(area, point)) control_.Click();
+}
+
+} // namespace tvok::soft
