@@ -326,6 +326,46 @@ TEST(TextEngine, WithoutAnyFontTheErrorSaysWhatToInstall) {
     EXPECT_THAT(message, HasSubstr("fonts-dejavu-core"));
 }
 
+/// A font of ready pictures, 16 pixels high, whose only letter is a black box of 8 by 16.
+std::string PictureFont() {
+    const auto file = std::filesystem::absolute(TVOK_TEST_OUTPUT) / "boxes.bdf";
+    std::ofstream out(file);
+    out << "STARTFONT 2.1\nFONT -t-box-medium-r-normal--16-160-72-72-c-80-iso10646-1\nSIZE 16 72 72\n"
+           "FONTBOUNDINGBOX 8 16 0 -4\nSTARTPROPERTIES 4\nFONT_ASCENT 12\nFONT_DESCENT 4\n"
+           "CHARSET_REGISTRY \"ISO10646\"\nCHARSET_ENCODING \"1\"\nENDPROPERTIES\nCHARS 1\n"
+           "STARTCHAR A\nENCODING 65\nSWIDTH 500 0\nDWIDTH 8 0\nBBX 8 16 0 -4\nBITMAP\n";
+    for (int row = 0; row < 16; ++row) out << "FF\n";
+    out << "ENDCHAR\nENDFONT\n";
+    return file.string();
+}
+
+TEST(TextEngine, AFontOfReadyPicturesIsScaledToTheSize) {
+    TextEngine engine(PictureFont());
+    for (const std::int32_t pixels : {8, 16, 32}) {
+        const FontId font = engine.Find({"", pixels, true, true});
+        EXPECT_EQ(engine.Metrics(font).height, pixels);
+        EXPECT_EQ(engine.Measure(font, "AA"), pixels);
+        Surface surface(100, 60);
+        Fill(surface, BoundsOf(surface), white);
+        engine.Draw(surface, BoundsOf(surface), 10, 5, font, "A", 0);
+        EXPECT_EQ(InkOf(surface), (tvok_Rect{10, 5, 10 + pixels / 2, 5 + pixels}));
+        EXPECT_EQ(surface.Row(6)[11], 0u);
+    }
+}
+
+TEST(TextEngine, CharactersThatTheFontLacksComeFromOthers) {
+    const std::filesystem::path fonts = "/usr/share/fonts";
+    if (!exists(fonts / "opentype/noto/NotoSansCJK-Regular.ttc") ||
+        !exists(fonts / "truetype/noto/NotoSansDevanagari-Regular.ttf"))
+        GTEST_SKIP() << "needs the packages fonts-noto-cjk and fonts-noto-core";
+    TextEngine engine(pinned);
+    const FontId font = engine.Find({"", 20});
+    const std::int32_t box = engine.Measure(font, "\U0010FFFD"); // no font has it
+    EXPECT_NE(engine.Measure(font, "中"), box);
+    EXPECT_EQ(engine.Measure(font, "中文字"), 60) << "ideographs fill their square";
+    EXPECT_NE(engine.Measure(font, "का"), 2 * box);
+}
+
 TEST(TextEngine, FindsFacesByName) {
     TextEngine engine;
     const FontId regular = engine.Find({"DejaVu Sans", 20}), bold = engine.Find({"DejaVu Sans", 20, true});

@@ -6,6 +6,12 @@
 
 namespace tvok::soft {
 
+namespace {
+
+constexpr std::size_t usualText = 64; // bytes
+
+} // namespace
+
 RunCache::RunCache(std::size_t capacity) : capacity_(capacity), buckets_(std::bit_ceil(capacity), none) {}
 
 const ShapedRun* RunCache::Find(FontId font, std::string_view text) {
@@ -39,7 +45,7 @@ std::uint32_t& RunCache::BucketOf(FontId font, std::string_view text) {
 /// passed over once.
 std::uint32_t RunCache::TakeSlot() {
     if (entries_.size() < capacity_) {
-        entries_.emplace_back();
+        entries_.emplace_back().text.reserve(usualText);
         return static_cast<std::uint32_t>(entries_.size() - 1);
     }
     const auto advance = [&] { hand_ = (hand_ + 1) % static_cast<std::uint32_t>(entries_.size()); };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <new>
 
 #include "tvok/host/desktop/text/characters.h"
 #include "tvok/records/numeric.h"
@@ -42,12 +41,14 @@ Shaper::~Shaper() {
 
 void Shaper::Shape(ScaledFont& font, std::string_view text, ShapedRun& run) {
     Decode(text);
-    FindLevels();
     FindScripts();
     FindItems(font);
     OrderItems();
     run.glyphs.clear();
     run.edges.clear();
+    const std::size_t usual = (characters_.size() + 31) / 32 * 32; // so that most runs can serve again
+    run.glyphs.reserve(usual);
+    run.edges.reserve(usual);
     advances_.assign(characters_.size(), insideUnit);
     std::int64_t pen = 0;
     for (const Item& item : items_) pen = ShapeItem(item, pen, run);
@@ -66,22 +67,6 @@ void Shaper::Decode(std::string_view text) {
     offsets_.push_back(text.size());
 }
 
-/// Levels by the bidirectional algorithm; most texts have no right-to-left character and need none.
-void Shaper::FindLevels() {
-    const std::size_t count = characters_.size();
-    levels_.assign(count, 0);
-    if (std::none_of(characters_.begin(), characters_.end(), IsRightToLeft)) return;
-    types_.resize(count);
-    brackets_.resize(count);
-    const auto length = static_cast<FriBidiStrIndex>(count);
-    fribidi_get_bidi_types(characters_.data(), length, types_.data());
-    fribidi_get_bracket_types(characters_.data(), length, types_.data(), brackets_.data());
-    FriBidiParType direction = FRIBIDI_PAR_LTR;
-    if (fribidi_get_par_embedding_levels_ex(types_.data(), brackets_.data(), length, &direction,
-                                            levels_.data()) == 0)
-        throw std::bad_alloc();
-}
-
 /// Characters of no script, such as blanks and marks, take the script before them, or else the first one.
 void Shaper::FindScripts() {
     scripts_.clear();
@@ -96,16 +81,17 @@ void Shaper::FindScripts() {
 
 void Shaper::FindItems(ScaledFont& font) {
     items_.clear();
+    const std::vector<FriBidiLevel>& levels = bidi_.Of(characters_);
     for (std::size_t i = 0; i < characters_.size();) {
         std::size_t end = i + 1;
         while (end < characters_.size() && ContinuesUnit(characters_[end - 1], characters_[end])) ++end;
         Face& face = font.FaceFor(&characters_[i], end - i);
-        const bool joins = !items_.empty() && items_.back().level == levels_[i] &&
+        const bool joins = !items_.empty() && items_.back().level == levels[i] &&
                            items_.back().script == scripts_[i] && items_.back().face == &face;
         if (joins)
             items_.back().end = end;
         else
-            items_.push_back({i, end, levels_[i], scripts_[i], &face});
+            items_.push_back({i, end, levels[i], scripts_[i], &face});
         i = end;
     }
 }

@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include <fribidi.h>
 #include <hb.h>
 
+#include "tvok/host/desktop/text/BidiLevels.h"
 #include "tvok/host/desktop/text/ScaledFont.h"
 
 namespace tvok::soft {
@@ -53,7 +53,6 @@ private:
     };
 
     void Decode(std::string_view text);
-    void FindLevels();
     void FindScripts();
     void FindItems(ScaledFont& font);
     void OrderItems();
@@ -64,9 +63,7 @@ private:
     hb_buffer_t* buffer_;
     std::vector<std::uint32_t> characters_;
     std::vector<std::size_t> offsets_; ///< Of each character and of the text's end.
-    std::vector<FriBidiCharType> types_;
-    std::vector<FriBidiBracketType> brackets_;
-    std::vector<FriBidiLevel> levels_;
+    BidiLevels bidi_;
     std::vector<hb_script_t> scripts_;
     std::vector<Item> items_;
     std::vector<std::int64_t> advances_; ///< Width of the unit that starts at each character.
