@@ -34,6 +34,10 @@ struct FontMetrics {
 /// A font that was looked up, valid as long as the engine. 0 is none.
 using FontId = std::int32_t;
 
+/// Texts are UTF-8, drawn from left to right with right-to-left parts in their own order. Bytes that are not
+/// UTF-8 and control characters show as U+FFFD, tabs as one blank, carriage return and line feed as nothing.
+/// Characters that the font lacks come from other fonts of the machine, and from none as a box. There is no
+/// kerning and there are no ligatures, save where a script cannot be written without them.
 class TextEngine {
 public:
     /// `fontFile`: the face that every look-up finds first, for pixels that do not depend on the machine;
