@@ -36,7 +36,7 @@ FormWindow::~FormWindow() {
 
 void FormWindow::End() {
     if (std::exchange(ended_, true)) return;
-    world_.focus.FormGone(*this);
+    world_.FormGone(*this);
     for (const Entry& entry : entries_) entry.component->End();
     world_.windows.Remove(window_);
 }

@@ -203,6 +203,7 @@ bool InputRouter::AskMouseHooks(std::int32_t message, const Hit& hit) {
 
 void InputRouter::Deliver(std::int32_t message, std::int32_t highWord, const Hit& hit) {
     const host::Handle target = hit.window->handle();
+    if (!world_.TakesInput(world_.FormOf(*hit.window))) return;
     if (IsPress(message) && world_.focus.capture() == 0) {
         soft::Window* keyboard = hit.window->client().FocusByMouse();
         const host::Handle focus = keyboard ? keyboard->handle() : 0;
@@ -266,7 +267,7 @@ void InputRouter::Window(const InputEvent& event) {
     FormWindow* form = window ? world_.FormOf(*window) : nullptr;
     if (event.kind == Kind::Activate) {
         if (!form) down_.reset();
-        return world_.focus.Activate(form);
+        return world_.focus.Activate(form && !world_.TakesInput(form) ? world_.Modal() : form);
     }
     if (!window || !window->IsTopLevel()) return;
     const tvok_Rect rect = window->rect();
@@ -280,7 +281,7 @@ void InputRouter::Window(const InputEvent& event) {
         told.rect.bottom = told.rect.Top + event.b;
         return world_.windows.Place(*window, {rect.Left, rect.Top, rect.Left + event.a, rect.Top + event.b});
     default:
-        if (form) form->RequestClose();
+        if (form && world_.TakesInput(form)) form->RequestClose();
     }
 }
 

@@ -18,6 +18,8 @@ public:
     }
 };
 
+constexpr std::chrono::hours kLongestWait{1}; ///< What is longer overflows in some clocks.
+
 const Clock& ClockOf(const DesktopOptions& options) {
     static const MachineClock machine;
     return options.clock ? *options.clock : machine;
@@ -37,12 +39,14 @@ struct Level {
 World::World(Desktop& owner, const DesktopOptions& options, std::unique_ptr<Display> shownOn)
     : desktop(owner), theme(options.theme), objects(theme), text(options.fontFile),
       display(std::move(shownOn)), windows(*this), loop(*this), focus(*this), tracker(*this), input(*this),
-      platform(*this), services(*this, options.language), clock_(ClockOf(options)) {}
+      platform(*this), services(*this, options.language), clock_(ClockOf(options)), clipboard_(*display),
+      clipboardBefore_(SetClipboard(&clipboard_)) {}
 
 World::~World() {
     for (const auto& form : forms) form->window().End();
     forms.clear();
     grave_.clear();
+    SetClipboard(clipboardBefore_);
 }
 
 std::int32_t World::Send(const Message& message) {
@@ -68,7 +72,9 @@ bool World::ProcessEvents(std::chrono::milliseconds timeout) {
     if (over_) return false;
     {
         const Level level(depth_);
-        display->Wait(std::min(timeout, loop.Idle().value_or(timeout)), input);
+        const auto wait = std::min(timeout, loop.Idle().value_or(timeout));
+        display->Wait(std::clamp<std::chrono::milliseconds>(wait, std::chrono::milliseconds{0}, kLongestWait),
+                      input);
         loop.Run();
         Present();
     }
@@ -135,6 +141,11 @@ FormWindow* World::FormOf(const Window& window) const {
     const auto found = std::ranges::find_if(
         forms, [&](const auto& form) { return top && top->window == &form->window().window(); });
     return found == forms.end() ? nullptr : &(*found)->window();
+}
+
+void World::FormGone(const FormWindow& form) {
+    focus.FormGone(form);
+    if (modal_ == &form) modal_ = nullptr;
 }
 
 host::Point World::NextFormPlace() {

@@ -4,12 +4,14 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tvok/host/Font.h"
 #include "tvok/host/desktop/Desktop.h"
 #include "tvok/host/desktop/gdi/GdiObjects.h"
 #include "tvok/host/desktop/pixels/ImageList.h"
+#include "tvok/host/desktop/shell/Clipboard.h"
 #include "tvok/host/desktop/text/TextEngine.h"
 #include "tvok/host/desktop/windows/FocusManager.h"
 #include "tvok/host/desktop/windows/Hooks.h"
@@ -56,6 +58,11 @@ public:
     Form& AddForm(std::unique_ptr<Form> form);
     void CloseForm(Form& form);
     FormWindow* FormOf(const Window& window) const; ///< Null for a popup.
+    /// Other forms take no input until this is given what it gave back: the one before. Null: all take it.
+    FormWindow* Modal(FormWindow* form) { return std::exchange(modal_, form); }
+    FormWindow* Modal() const { return modal_; }
+    bool TakesInput(const FormWindow* form) const { return !modal_ || !form || form == modal_; }
+    void FormGone(const FormWindow& form);
     host::Point NextFormPlace();
 
     /// Keeps something until no event can be running any more that belongs to it.
@@ -87,6 +94,9 @@ private:
     void Show(Window& window);
 
     const Clock& clock_;
+    DisplayClipboard clipboard_;
+    Clipboard* clipboardBefore_;
+    FormWindow* modal_ = nullptr;
     std::vector<std::shared_ptr<void>> grave_;
     std::vector<std::unique_ptr<ImageList>> images_;
     int depth_ = 0; ///< Of `ProcessEvents` in `ProcessEvents`.
