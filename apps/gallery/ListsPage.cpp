@@ -21,7 +21,9 @@ constexpr std::int32_t RowHeight = 20;
 constexpr std::int32_t IconArea = 24;
 constexpr std::int32_t CountBand = 46;
 constexpr std::int32_t NameColumns = 3;
-constexpr std::int32_t VersionWidth = 170, SizeWidth = 86, LastWidth = 110;
+constexpr std::int32_t VersionWidth = 170, SizeWidth = 100, SectionWidth = 110;
+constexpr std::size_t SizeColumn = 2;
+constexpr std::int32_t SizeTextWidth = 66; // of a padded size in the default font
 
 constexpr std::int32_t IconFlags = tvok::vflag::IconBox | tvok::vflag::IconOnBackground;
 
@@ -99,7 +101,7 @@ void ListsPage::SetUp(tvok::qRoster& list) {
     list.FixedHeight(false);
     list.ItemHeight(RowHeight);
     list.CX_TEXT(IconArea);
-    list.IconPos(tvok::PackIconPos({.Height = IconSize, .width = IconSize, .Top = 255, .Left = 4}));
+    list.IconPos(tvok::PackIconPos({.Height = IconSize, .width = IconSize, .Top = 3, .Left = 4}));
 }
 
 void ListsPage::SetUpDetails() {
@@ -124,7 +126,7 @@ void ListsPage::SetUpSections() {
                                      std::int32_t hDC, std::int32_t, std::int32_t left, std::int32_t top,
                                      std::int32_t right, std::int32_t bottom) {
         if (message != tvok::bExDrawHead) return;
-        DrawLabel(hDC, {left, top, right - 6, bottom}, std::to_string(sectionCounts_[key]), 0,
+        DrawLabel(hDC, {left, top + 2, right - 6, bottom}, std::to_string(sectionCounts_[key]), 0,
                   tvok::cButtonText, tvok::host::DT_RIGHT);
     };
     // With several items selected a list raises no Click, so the mouse and the keys are watched.
@@ -159,8 +161,11 @@ void ListsPage::Layout() {
 void ListsPage::SetTabStops() {
     tvok::tvok_Rect client;
     platform().GetClientRect(form_.ComponentOf(details_).hWnd(), client);
-    const std::int32_t name = client.Right - IconArea - VersionWidth - SizeWidth - LastWidth;
-    tabStops_ = {std::max(name, 80), VersionWidth, SizeWidth + 14};
+    const std::int32_t wide =
+        std::max(client.Right - IconArea - SizeWidth, 100); // for the other three columns
+    const std::int32_t version = std::min(VersionWidth, wide * 3 / 10);
+    const std::int32_t section = std::min(SectionWidth, wide / 5);
+    tabStops_ = {wide - version - section, version, SizeWidth};
     std::string setting;
     for (const std::int32_t stop : tabStops_) setting += (setting.empty() ? "" : ",") + std::to_string(stop);
     details_.TabStopSettingStr(setting);
@@ -185,20 +190,25 @@ void ListsPage::Paint(std::int32_t hDC) {
 }
 
 void ListsPage::PaintHeadings(std::int32_t hDC, const Places& places) {
-    const auto heading = [&](std::int32_t left, std::int32_t right, std::int32_t listTop, const char* text) {
+    using tvok::host::DT_LEFT;
+    const auto heading = [&](std::int32_t left, std::int32_t right, std::int32_t listTop, const char* text,
+                             std::int32_t alignment) {
         DrawLabel(hDC, {left, listTop - HeadingHeight, right, listTop}, text, fonts_.Bold(),
-                  tvok::cButtonText);
+                  tvok::cButtonText, alignment);
     };
     const std::int32_t end = places.details.left + places.details.width;
     std::int32_t left = places.details.left + IconArea;
     const char* const columns[] = {"Package", "Version", "Size", "Section"};
     for (std::size_t column = 0; column < std::size(columns); ++column) {
         const std::int32_t right = column < tabStops_.size() ? std::min(left + tabStops_[column], end) : end;
-        heading(left, right, places.details.top, columns[column]);
+        const bool numbers = column == SizeColumn;
+        heading(left, numbers ? left + SizeTextWidth : right, places.details.top, columns[column],
+                numbers ? tvok::host::DT_RIGHT : DT_LEFT);
         left = right;
     }
-    heading(places.names.left, end, places.names.top, "The same by name, in three columns");
-    heading(places.sections.left, places.width, places.sections.top, "Sections (choose one or more)");
+    heading(places.names.left, end, places.names.top, "The same by name, in three columns", DT_LEFT);
+    heading(places.sections.left, places.width, places.sections.top, "Sections (choose one or more)",
+            DT_LEFT);
 }
 
 void ListsPage::Repaint() {

@@ -132,8 +132,10 @@ Collection LoadCollection() {
 
 std::string SizeText(std::int64_t kibibytes) {
     if (kibibytes < 1024) return std::to_string(kibibytes) + " KiB";
+    const bool large = kibibytes >= 1024 * 1024;
+    const double value = static_cast<double>(kibibytes) / (large ? 1024 * 1024 : 1024);
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.1f MiB", static_cast<double>(kibibytes) / 1024);
+    std::snprintf(text.data(), text.size(), "%.1f %s", value, large ? "GiB" : "MiB");
     return text.data();
 }
 

@@ -37,7 +37,7 @@ Collection LoadCollection(const std::string& database, const std::vector<std::st
 /// The same from where this machine keeps them.
 Collection LoadCollection();
 
-/// "812 KiB" or "4.1 MiB".
+/// "812 KiB", "4.1 MiB" or "2.3 GiB".
 std::string SizeText(std::int64_t kibibytes);
 
 } // namespace gallery

@@ -16,10 +16,12 @@ std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& 
                                        const std::vector<std::string>& themes, const std::string& folder) {
     std::filesystem::create_directories(folder);
     std::vector<std::string> files;
+    tvok::Form* before = nullptr; // closed behind the next one: a desktop is over with its last form
     for (const std::string& theme : themes) {
         desktop.SetTheme(tvok::Theme::ByName(theme));
         std::shared_ptr<Page> page;
         tvok::Form& form = OpenPage(desktop, entry, page);
+        if (before != nullptr) before->Close();
         desktop.ProcessEvents(std::chrono::milliseconds(0));
         for (const Scene& scene : page->Scenes()) {
             scene.act();
@@ -29,8 +31,7 @@ std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& 
             files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
             desktop.SaveForm(form, files.back());
         }
-        form.Close();
-        desktop.ProcessEvents(std::chrono::milliseconds(0));
+        before = &form;
     }
     return files;
 }

@@ -70,6 +70,7 @@ TEST(Packages, SizesAreTold) {
     EXPECT_EQ(SizeText(0), "0 KiB");
     EXPECT_EQ(SizeText(1023), "1023 KiB");
     EXPECT_EQ(SizeText(1536), "1.5 MiB");
+    EXPECT_EQ(SizeText(5 * 1024 * 1024 / 2), "2.5 GiB");
 }
 
 } // namespace

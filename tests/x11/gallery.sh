@@ -6,7 +6,7 @@ set -euo pipefail
 gallery="$1"
 pixel="$2"
 
-for tool in Xvfb openbox xdotool xprop; do
+for tool in Xvfb openbox xdotool xprop xwininfo; do
     command -v "$tool" >/dev/null || { echo "skipped: there is no $tool here"; exit 77; }
 done
 [ -r /var/lib/dpkg/status ] || { echo "skipped: there is no package database here"; exit 77; }
@@ -56,7 +56,17 @@ children+=("$program")
 window=""
 find_window() { window="$(xdotool search --onlyvisible --name '^tvok gallery$' 2>/dev/null | head -n 1)" && [ -n "$window" ]; }
 until_true 60 find_window || fail "no window came up"
-eval "$(xdotool getwindowgeometry --shell "$window")" # X, Y, WIDTH and HEIGHT
+
+# Where the window's own area is on the screen: X, Y, WIDTH and HEIGHT.
+look_at_window() {
+    local report
+    report="$(xwininfo -id "$window")"
+    X="$(sed -n 's/.*Absolute upper-left X: *//p' <<<"$report")"
+    Y="$(sed -n 's/.*Absolute upper-left Y: *//p' <<<"$report")"
+    WIDTH="$(sed -n 's/^ *Width: *//p' <<<"$report")"
+    HEIGHT="$(sed -n 's/^ *Height: *//p' <<<"$report")"
+}
+look_at_window
 [ "$WIDTH" -eq 980 ] && [ "$HEIGHT" -eq 640 ] || fail "the window is $WIDTH x $HEIGHT"
 
 # The list "details" stands at (12, 82) with a border of a pixel and rows of 21 pixels. Left of the icons its cells
@@ -67,7 +77,7 @@ row_color() { "$pixel" $((X + 12 + 3)) $((Y + 82 + 1 + 10 + 21 * ($1 - 1))); }
 row_is() { [ "$(row_color "$1")" = "$2" ]; }
 some_row_is() {
     local row
-    for row in $(seq 1 12); do
+    for row in $(seq 1 15); do
         if row_is "$row" "$1"; then return 0; fi
     done
     return 1
@@ -96,7 +106,7 @@ until_true 20 some_row_is $selected || fail "after a letter no selected row is o
 
 xdotool windowsize "$window" 760 500
 corner_moved() {
-    eval "$(xdotool getwindowgeometry --shell "$window")"
+    look_at_window
     [ "$WIDTH" -eq 760 ] && [ "$("$pixel" $((X + 760 - 12 - 100)) $((Y + 500 - 10)))" = DCDCDC ]
 }
 until_true 20 corner_moved || fail "the window did not take its new size"
