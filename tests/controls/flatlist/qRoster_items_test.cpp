@@ -514,13 +514,14 @@ TEST(qRosterItems, ClearForgetsAPendingRemoval) {
     EXPECT_THAT(roster.Texts(), ElementsAre("cat", "dog"));
 }
 
-TEST(qRosterItems, ClearKeepsTheAnchorSoThatAShiftPressReachesBeyondTheNewArrays) {
+TEST(qRosterItems, ClearKeepsTheAnchorAlsoWhereTheListHasBecomeShorter) {
     FakeRoster roster({.MultiSelect = 1}, Numbered(20));
     roster.list.ListIndex(20);
     roster.PressRow(5); // row 5 of the last page: item 20
     roster.list.Clear();
     roster.Add({"ant", "bee", "cat"});
-    EXPECT_THROW(roster.PressRow(2, cShift), SubscriptError);
+    EXPECT_NO_THROW(roster.PressRow(2, cShift)); // positions beyond the list have nothing to mark
+    EXPECT_THAT(roster.Selected(), ElementsAre(2, 3));
 }
 
 TEST(qRosterItems, ItemsAddedAfterClearAreThere) {
@@ -554,7 +555,7 @@ TEST(qRosterItems, DrawItemOutOfRangeDrawsNothing) {
 }
 
 TEST(qRosterItems, PaintAllDrawsThePageWithoutTouchingTheScrollRange) {
-    FakeRoster roster({}, Numbered(9));
+    FakeRoster roster({.height = 100}, Numbered(9));
     roster.list.PaintAll();
     EXPECT_TRUE(roster.log().Named("hook.ScrollLarge").empty());
     EXPECT_THAT(roster.TakeDrawn(), ElementsAre("item 1", "item 2", "item 3", "item 4", "item 5", "item 6"));
@@ -805,6 +806,23 @@ TEST(qRosterItems, BrokenTextFormsAreReadByTheRulesAndNeverEndInAnError) {
         } catch (const Error&) { // settings that do not fit may end in an overflow
         }
         roster.list.Clear();
+    }
+}
+
+TEST(qRosterItems, AGridOfAnAbsurdSizeFromATextEndsInAnErrorAndTheListCanBeUsedAgain) {
+    for (const char* grid : {"18=2000000000\r\n", "19=2000000000\r\n", "18=100000\r\n19=100000\r\n"}) {
+        FakeRoster roster;
+        roster.list.ItemsStr(std::string(grid) + "107=ant\r\n999\r\n");
+        EXPECT_EQ(roster.list.Count(), 1);
+        EXPECT_THROW(roster.list.Refresh(), Error) << grid;
+        try {
+            roster.list.xn(1);
+        } catch (const Error&) { // the rows are still too many
+        }
+        roster.list.yn(5);
+        roster.log().Clear();
+        roster.list.Refresh();
+        EXPECT_THAT(roster.TakeDrawn(), ElementsAre("ant"));
     }
 }
 

@@ -39,7 +39,7 @@ TEST(qRosterSelection, TheCurrentItemOnceMoreIsRedrawnWithoutChange) {
     roster.list.ListIndex(2);
     roster.log().Clear();
     roster.list.ListIndex(2);
-    EXPECT_THAT(roster.TakeStory(), ElementsAre("draw bee", "draw bee"));
+    EXPECT_THAT(roster.TakeStory(), ElementsAre("draw bee"));
 }
 
 TEST(qRosterSelection, IndexesOutOfRangeAreIgnored) {
@@ -95,9 +95,8 @@ TEST(qRosterSelection, ScrollingComesBehindTheRepaintOfTheItems) {
     roster.log().Clear();
     roster.list.ListIndex(6);
     // The new one is drawn in the partial row, then the page moves by one row.
-    EXPECT_THAT(roster.TakeStory(),
-                ::testing::ElementsAreArray({"Change 6 item 6", "draw item 5", "draw item 6", "ScrollValue 1",
-                                             "ScrollDC -18", "draw item 6", "draw item 7"}));
+    EXPECT_THAT(roster.TakeStory(), ElementsAre("Change 6 item 6", "draw item 5", "draw item 6",
+                                                "ScrollValue 1", "ScrollDC -18", "draw item 6"));
 }
 
 TEST(qRosterSelection, AtDesignTimeTheIndexIsTakenAndTheScrollingEndsInTheObjectError) {
