@@ -211,19 +211,17 @@ void DrawPage(Page& page) {
            Wanted::AtMost, 0, "");
 }
 
-/// Draws pages of new texts that `makeText` gives until all is warm, and then counts for as many again, with
-/// their showing. The least seconds of a page go to `seconds`.
+/// Draws and shows pages of the texts that `makeText` gives until all is warm, and then as many again, whose
+/// drawing counts. The least seconds of a page go to `seconds`.
 template<class MakeText>
 double AllocationsPerCell(Page& page, RawCells& raw, const MakeText& makeText, double& seconds) {
     constexpr int pages = 60;
     double made = 0;
     for (int run = 0; run < 2 * pages; ++run) {
         for (auto& text : raw.texts) makeText(text);
-        made = AllocationsOf([&] {
-                   seconds = std::min(seconds, Seconds(1, [&] { raw.DrawTexts(); }));
-                   page.desktop.ProcessEvents({});
-               }) +
-               (run <= pages ? 0 : made);
+        if (run == pages) made = 0;
+        made += AllocationsOf([&] { seconds = std::min(seconds, Seconds(1, [&] { raw.DrawTexts(); })); });
+        page.desktop.ProcessEvents({});
     }
     return made / pages / static_cast<double>(raw.texts.size());
 }
