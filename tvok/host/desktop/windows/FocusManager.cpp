@@ -69,6 +69,12 @@ bool FocusManager::ReleaseCapture() {
     return true;
 }
 
+void FocusManager::DropCapture(host::Handle hWnd) {
+    if (capture_ != hWnd) return;
+    capture_ = 0;
+    world_.display->Capture(0);
+}
+
 void FocusManager::Activate(FormWindow* form) {
     if (form == active_) {
         if (form) world_.windows.Order(form->window(), host::HWND_TOP);
@@ -87,10 +93,7 @@ void FocusManager::Activate(FormWindow* form) {
 }
 
 void FocusManager::WindowGone(const Window& window) {
-    if (capture_ == window.handle()) {
-        capture_ = 0;
-        world_.display->Capture(0);
-    }
+    DropCapture(window.handle());
     std::erase(inside_, window.handle());
     if (focus_ == window.handle()) focus_ = 0;
 }

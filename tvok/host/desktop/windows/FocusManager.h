@@ -32,6 +32,7 @@ public:
     /// WM_CAPTURECHANGED goes to a window that loses it to another. Gives the window before.
     host::Handle Capture(host::Handle hWnd, CaptureKind kind = CaptureKind::Program);
     bool ReleaseCapture();
+    void DropCapture(host::Handle hWnd); ///< Where it has it, and sends nothing.
 
     FormWindow* active() const { return active_; }
     /// Brings the form to the front and its focus back to where it was. Null: another program is active.

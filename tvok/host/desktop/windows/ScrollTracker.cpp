@@ -88,9 +88,10 @@ void ScrollTracker::CaptureLost() {
 }
 
 void ScrollTracker::Forget(host::Handle hWnd) {
-    if (hWnd_ != hWnd) return;
+    if (hWnd == 0 || hWnd_ != hWnd) return;
     ShowPressed(BarPart::None);
     Stop();
+    world_.focus.DropCapture(hWnd);
 }
 
 void ScrollTracker::Stop() {
