@@ -183,6 +183,7 @@ void DrawRadioButton(DeviceContext& context, const Theme& theme, const tvok_Rect
     const std::int32_t size = ShorterSide(rect);
     const host::Point at = Centred(rect, size, size);
     const auto ring = [&](std::int32_t inset, LineColors colors) {
+        if (size <= 2 * inset) return;
         FillDisc(context, {at.x + inset, at.y + inset}, size - 2 * inset, ColorOf(theme, colors.leftTop),
                  ColorOf(theme, colors.rightBottom));
     };
