@@ -36,7 +36,13 @@ Region Damage::Take() {
     return std::exchange(settled_, {});
 }
 
+/// A row of cells that is whole now joins the rows above it.
+void Damage::JoinLast() {
+    while (recent_.size() > 1 && Join(recent_[recent_.size() - 2], recent_.back())) recent_.pop_back();
+}
+
 void Damage::Append(const tvok_Rect& rect) {
+    JoinLast();
     const std::size_t looked = std::min<std::size_t>(recent_.size(), 4);
     for (std::size_t i = 1; i <= looked; ++i)
         if (Join(recent_[recent_.size() - i], rect)) return;
@@ -46,6 +52,7 @@ void Damage::Append(const tvok_Rect& rect) {
 
 void Damage::Settle() {
     if (recent_.empty()) return;
+    JoinLast();
     settled_.Add(UnionOf(recent_.data(), recent_.size()));
     recent_.clear();
 }

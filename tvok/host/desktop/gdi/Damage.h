@@ -29,15 +29,22 @@ public:
 private:
     /// Grows `box` by `rect` where the two together are a rectangle again.
     static bool Join(tvok_Rect& box, const tvok_Rect& rect) {
-        if (rect.Top == box.Top && rect.bottom == box.bottom && rect.Left <= box.Right &&
-            box.Left <= rect.Right) {
-            if (rect.Left < box.Left) box.Left = rect.Left;
-            if (rect.Right > box.Right) box.Right = rect.Right;
+        const bool sameRows = rect.Top == box.Top && rect.bottom == box.bottom;
+        const bool sameColumns = rect.Left == box.Left && rect.Right == box.Right;
+        if (sameRows && rect.Left <= box.Right && box.Left <= rect.Right) {
+            box.Left = rect.Left < box.Left ? rect.Left : box.Left;
+            box.Right = rect.Right > box.Right ? rect.Right : box.Right;
+            return true;
+        }
+        if (sameColumns && rect.Top <= box.bottom && box.Top <= rect.bottom) {
+            box.Top = rect.Top < box.Top ? rect.Top : box.Top;
+            box.bottom = rect.bottom > box.bottom ? rect.bottom : box.bottom;
             return true;
         }
         return rect.Left >= box.Left && rect.Right <= box.Right && rect.Top >= box.Top &&
                rect.bottom <= box.bottom;
     }
+    void JoinLast();
     void Append(const tvok_Rect& rect);
     void Settle();
 

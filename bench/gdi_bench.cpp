@@ -1,0 +1,116 @@
+// What drawing through a device context has to reach: a text cell against the fill of the same cell, and a
+// page that is scrolled by a row against the plain move of its bytes. Everything is clipped and noted as
+// damage, as in a window.
+
+#include <cstring>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "bench/ratios.h"
+#include "tests/support/Allocations.h"
+#include "tvok/host/desktop/gdi/DeviceContext.h"
+
+namespace tvok::bench {
+namespace {
+
+constexpr const char* pinnedFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+constexpr std::int32_t pageWidth = 1280, pageHeight = 900, cellWidth = 120, cellHeight = 18;
+constexpr std::int32_t columns = 10, cells = 270;
+
+struct Page {
+    soft::GdiObjects objects{Theme::Classic()};
+    soft::TextEngine text{pinnedFont};
+    soft::Surface surface{pageWidth, pageHeight};
+    soft::Damage damage;
+    soft::DeviceContext dc{objects, text};
+    host::Handle brush = objects.Add(soft::Brush{false, 0xF0F0F0});
+
+    Page() {
+        dc.Target(&surface, 0, 0, &damage);
+        dc.Clip(soft::Region({0, 0, pageWidth, pageHeight}));
+        dc.BkColor(0xF0F0F0);
+    }
+    static tvok_Rect CellAt(std::int32_t index) {
+        const std::int32_t left = index % columns * cellWidth, top = index / columns * cellHeight;
+        return {left, top, left + cellWidth, top + cellHeight};
+    }
+    void Fill() {
+        for (std::int32_t i = 0; i < cells; ++i) dc.FillRect(CellAt(i), brush);
+        damage.Take();
+    }
+    /// Draws each cell with the next of `words`.
+    void Draw(const std::vector<std::string>& words, std::size_t& next) {
+        for (std::int32_t i = 0; i < cells; ++i) {
+            const tvok_Rect cell = CellAt(i);
+            dc.TextOut(cell.Left + 2, cell.Top + 2, host::ETO_OPAQUE | host::ETO_CLIPPED, &cell, words[next],
+                       nullptr);
+            if (++next == words.size()) next = 0;
+        }
+        damage.Take();
+    }
+};
+
+/// Different words of 8 to 16 letters.
+std::vector<std::string> Words(std::size_t count, unsigned seed) {
+    std::mt19937 random(seed);
+    std::vector<std::string> words(count);
+    for (std::string& word : words)
+        for (std::size_t i = 8 + random() % 9; i > 0; --i)
+            word += static_cast<char>((random() % 6 == 0 ? 'A' : 'a') + static_cast<int>(random() % 26));
+    return words;
+}
+
+/// Against the fills of the same run, and heap blocks per cell.
+void ReportCells(Page& page, const char* what, const std::vector<std::string>& words) {
+    std::size_t next = 0;
+    page.Draw(words, next);
+    const double fill = Seconds(400, [&] { page.Fill(); });
+    const double draw = Seconds(400, [&] { page.Draw(words, next); });
+    page.Draw(words, next);
+    const std::uint64_t before = test::Allocations();
+    for (int run = 0; run < 20; ++run) page.Draw(words, next);
+    const auto taken = static_cast<double>(test::Allocations() - before) / (20.0 * cells);
+    std::printf("%s: fill %.3f us, text %.3f us a cell\n", what, fill * 1e6 / cells, draw * 1e6 / cells);
+    Report("  cost of a text cell by the cost of its fill", draw / fill, Wanted::AtMost, 5);
+    Report("  heap blocks of a text cell", taken, Wanted::AtMost, 0, "");
+}
+
+void ReportText() {
+    Page page;
+    std::size_t next = 0;
+    page.Draw(Words(cells, 1), next); // all letters are known then
+    ReportCells(page, "repeated text", Words(cells, 2));
+    ReportCells(page, "new text", Words(cells * 1000, 3));
+}
+
+void ReportScroll() {
+    Page page;
+    const tvok_Rect whole{0, 0, pageWidth, pageHeight};
+    const std::size_t bytes = page.surface.Pitch() * (pageHeight - cellHeight) * sizeof(soft::Pixel);
+    soft::Region uncovered;
+    const auto moveBytes = [&] { std::memmove(page.surface.Row(0), page.surface.Row(cellHeight), bytes); };
+    const auto scroll = [&] {
+        page.dc.Scroll(0, -cellHeight, whole, whole, uncovered);
+        page.damage.Take();
+    };
+    moveBytes();
+    scroll();
+    const double plain = Seconds(300, moveBytes);
+    const double scrolled = Seconds(300, scroll);
+    std::printf("scroll of a page by a row: memmove %.1f us, Scroll %.1f us\n", plain * 1e6, scrolled * 1e6);
+    Report("  cost of Scroll by the cost of memmove", scrolled / plain, Wanted::AtMost, 1.3);
+    const std::uint64_t before = test::Allocations();
+    for (int run = 0; run < 20; ++run) scroll();
+    Report("  heap blocks of a scroll", static_cast<double>(test::Allocations() - before) / 20,
+           Wanted::AtMost, 0, "");
+}
+
+} // namespace
+} // namespace tvok::bench
+
+int main() {
+    tvok::bench::ReportText();
+    tvok::bench::ReportScroll();
+    return tvok::bench::missed;
+}
