@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "bench/ratios.h"
-#include "tests/support/Allocations.h"
 #include "tvok/host/desktop/gdi/DeviceContext.h"
 
 namespace tvok::bench {
@@ -68,12 +67,12 @@ void ReportCells(Page& page, const char* what, const std::vector<std::string>& w
     const double fill = Seconds(400, [&] { page.Fill(); });
     const double draw = Seconds(400, [&] { page.Draw(words, next); });
     page.Draw(words, next);
-    const std::uint64_t before = test::Allocations();
-    for (int run = 0; run < 20; ++run) page.Draw(words, next);
-    const auto taken = static_cast<double>(test::Allocations() - before) / (20.0 * cells);
+    const double taken = AllocationsOf([&] {
+        for (int run = 0; run < 20; ++run) page.Draw(words, next);
+    });
     std::printf("%s: fill %.3f us, text %.3f us a cell\n", what, fill * 1e6 / cells, draw * 1e6 / cells);
     Report("  cost of a text cell by the cost of its fill", draw / fill, Wanted::AtMost, 5);
-    Report("  heap blocks of a text cell", taken, Wanted::AtMost, 0, "");
+    Report("  heap blocks of a text cell", taken / (20.0 * cells), Wanted::AtMost, 0, "");
 }
 
 void ReportText() {
@@ -100,10 +99,10 @@ void ReportScroll() {
     const double scrolled = Seconds(300, scroll);
     std::printf("scroll of a page by a row: memmove %.1f us, Scroll %.1f us\n", plain * 1e6, scrolled * 1e6);
     Report("  cost of Scroll by the cost of memmove", scrolled / plain, Wanted::AtMost, 1.3);
-    const std::uint64_t before = test::Allocations();
-    for (int run = 0; run < 20; ++run) scroll();
-    Report("  heap blocks of a scroll", static_cast<double>(test::Allocations() - before) / 20,
-           Wanted::AtMost, 0, "");
+    const double taken = AllocationsOf([&] {
+        for (int run = 0; run < 20; ++run) scroll();
+    });
+    Report("  heap blocks of a scroll", taken / 20, Wanted::AtMost, 0, "");
 }
 
 } // namespace
