@@ -1,12 +1,15 @@
 #include "tvok/host/desktop/shell/FormFile.h"
 
+#include <filesystem>
 #include <fstream>
 #include <string>
 
 #include <gmock/gmock.h>
 
 #include "tests/support/FakeComponent.h"
-#include "tvok/host/desktop/shell/ControlTypes.h"
+#include "tests/support/TestDesktop.h"
+#include "tvok/host/desktop/ControlTypes.h"
+#include "tvok/host/desktop/TextBox.h"
 #include "tvok/records/Error.h"
 
 namespace tvok::soft {
@@ -172,6 +175,101 @@ TEST_F(FormFileTest, AControlThatRefusesItsSettingsIsAnErrorOfTheFile) {
     RegisterControl<Refusing>("Refusing");
     EXPECT_EQ(ErrorOf("[form]\n[[control]]\ntype = 'Refusing'\nname = 'a'\n[control.settings]\nValue = 3\n"),
               "stock.toml:5: control.settings: too much");
+}
+
+/// Saving and loading a whole form.
+class FormOnDiskTest : public testing::Test {
+protected:
+    ~FormOnDiskTest() override { std::filesystem::remove(file); }
+    void Write(const std::string& text) const { std::ofstream(file) << text; }
+
+    const std::string file = testing::TempDir() + "tvok_form_test.toml";
+    test::TestDesktop desktop;
+    Form& loaded = desktop.desktop().AddForm("before", 200, 100);
+};
+
+TEST_F(FormOnDiskTest, AFormComesBackWithItsControlsAndTheirSettings) {
+    Form& form = desktop.form();
+    form.Caption("Stock \xE2\x82\xAC");
+    auto& list = form.Add<qRoster>("list", {8, 9, 200, 150});
+    list.xn(3);
+    list.SelectedColor(SystemColor(14));
+    list.TabStopSettingStr("40,60");
+    form.Add<TextBox>("text", {220, 9, 100, 24}).Text("as typed");
+    form.Save(file);
+
+    loaded.Load(file);
+    EXPECT_EQ(loaded.Caption(), "Stock \xE2\x82\xAC");
+    EXPECT_EQ(loaded.Width(), 640);
+    EXPECT_EQ(loaded.Height(), 480);
+    EXPECT_THAT(loaded.Names(), testing::ElementsAre("list", "text"));
+    const auto* again = loaded.Find<qRoster>("list");
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->xn(), 3);
+    EXPECT_EQ(again->SelectedColor(), SystemColor(14));
+    EXPECT_EQ(again->TabStopSettingStr(), "40,60");
+    EXPECT_EQ(loaded.PlacementOf(*again).left, 8);
+    EXPECT_EQ(loaded.PlacementOf(*again).width, 200);
+    ASSERT_NE(loaded.Find<TextBox>("text"), nullptr);
+    EXPECT_EQ(loaded.Find<TextBox>("text")->Text(), "as typed");
+}
+
+// The key is written with a capital L and read with a small one, and stays so: the value does not come back.
+TEST_F(FormOnDiskTest, GridLinesOnTheBorderAreLost) {
+    desktop.form().Add<qRoster>("list", Placement{}).GridlineOnBorder(true);
+    desktop.form().Save(file);
+    loaded.Load(file);
+    EXPECT_FALSE(loaded.Find<qRoster>("list")->GridlineOnBorder());
+}
+
+TEST_F(FormOnDiskTest, AFileWithAnErrorLoadsNothing) {
+    Write("[form]\ncaption = "
+          "'new'\n[[control]]\ntype='TextBox'\nname='a'\n[[control]]\ntype='TextBox'\nname='b'\n"
+          "[control.settings]\nTxt = 'x'\n");
+    try {
+        loaded.Load(file);
+        FAIL() << "no error";
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.what(), file + ":10: control.settings.Txt: is not a setting of TextBox");
+    }
+    EXPECT_EQ(loaded.Caption(), "before");
+    EXPECT_TRUE(loaded.Names().empty());
+}
+
+TEST_F(FormOnDiskTest, AControlThatFailsOnTheFormTakesTheOthersWithIt) {
+    struct RunModeOnly : Gauge {
+        host::Component* component = nullptr;
+        void Initialize(host::Component& base) override { component = &base; }
+        void ReadProperties(host::PropertyBag&) override {
+            if (component->Ambient().UserMode()) throw Error("not here");
+        }
+    };
+    RegisterControl<RunModeOnly>("RunModeOnly");
+    Write("[form]\ncaption='new'\n[[control]]\ntype='TextBox'\nname='a'\n[[control]]\ntype='RunModeOnly'"
+          "\nname='b'\n");
+    EXPECT_THROW(loaded.Load(file), Error);
+    EXPECT_EQ(loaded.Caption(), "before");
+    EXPECT_TRUE(loaded.Names().empty());
+}
+
+TEST_F(FormOnDiskTest, AFileThatIsNotThereOrCannotBeWrittenIsAnErrorThatNamesIt) {
+    const std::string missing = testing::TempDir() + "no such folder/form.toml";
+    EXPECT_THAT([&] { loaded.Load(missing); }, testing::ThrowsMessage<FileError>(HasSubstr(missing)));
+    EXPECT_THAT([&] { loaded.Save(missing); }, testing::ThrowsMessage<FileError>(HasSubstr(missing)));
+}
+
+TEST_F(FormOnDiskTest, OnlyAnEmptyFormIsLoaded) {
+    Write("[form]\n");
+    desktop.form().Add<TextBox>("text", Placement{});
+    EXPECT_THAT([&] { desktop.form().Load(file); },
+                testing::ThrowsMessage<FileError>(HasSubstr("is not empty")));
+}
+
+TEST_F(FormOnDiskTest, AControlOfAnUnknownTypeIsNotSaved) {
+    struct Stranger : Gauge {};
+    desktop.form().Add<Stranger>("odd", Placement{});
+    EXPECT_THAT([&] { desktop.form().Save(file); }, testing::ThrowsMessage<FileError>(HasSubstr("\"odd\"")));
+    EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 } // namespace

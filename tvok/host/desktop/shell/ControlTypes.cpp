@@ -1,10 +1,10 @@
-#include "tvok/host/desktop/shell/ControlTypes.h"
+#include "tvok/host/desktop/ControlTypes.h"
 
 #include <map>
 #include <utility>
 
 #include "tvok/controls/flatlist/qRoster.h"
-#include "tvok/host/desktop/shell/TextBox.h"
+#include "tvok/host/desktop/TextBox.h"
 
 namespace tvok {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <unicode/ubrk.h>
 #include <unicode/utext.h>
 #include <unicode/utf8.h>
 
@@ -13,15 +14,6 @@ namespace tvok::soft {
 namespace {
 
 constexpr std::size_t MostUndos = 100;
-
-auto OpenBreaks(UBreakIteratorType kind) {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<UBreakIterator, decltype(&ubrk_close)> breaks(ubrk_open(kind, "", nullptr, 0, &status),
-                                                                  &ubrk_close);
-    if (U_FAILURE(status))
-        throw ResourceError("no rules of text boundaries on this machine: install ICU's data");
-    return breaks;
-}
 
 bool IsControl(char32_t character) {
     return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
@@ -51,7 +43,18 @@ std::string EditText::Clean(std::string_view text) {
     return clean;
 }
 
-EditText::EditText() : characters_(OpenBreaks(UBRK_CHARACTER)), words_(OpenBreaks(UBRK_WORD)) {}
+EditText::EditText() : characters_(OpenBreaks(false)), words_(OpenBreaks(true)) {}
+
+void EditText::CloseBreaks::operator()(UBreakIterator* breaks) const {
+    ubrk_close(breaks);
+}
+
+EditText::Breaks EditText::OpenBreaks(bool words) {
+    UErrorCode status = U_ZERO_ERROR;
+    Breaks breaks(ubrk_open(words ? UBRK_WORD : UBRK_CHARACTER, "", nullptr, 0, &status));
+    if (U_FAILURE(status)) throw ResourceError("no text boundaries on this machine: install ICU's data");
+    return breaks;
+}
 
 void EditText::Text(std::string_view text) {
     before_.clear();

@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include <unicode/ubrk.h>
+/// The text boundaries of a language, kept out of this header.
+struct UBreakIterator;
 
 namespace tvok::soft {
 
@@ -59,7 +60,11 @@ private:
         std::size_t caret = 0;
         std::size_t anchor = 0;
     };
-    using Breaks = std::unique_ptr<UBreakIterator, decltype(&ubrk_close)>;
+    struct CloseBreaks {
+        void operator()(UBreakIterator* breaks) const;
+    };
+    using Breaks = std::unique_ptr<UBreakIterator, CloseBreaks>;
+    static Breaks OpenBreaks(bool words);
 
     UBreakIterator* Over(const Breaks& breaks) const;
     std::string_view Fitting(std::string_view text) const;

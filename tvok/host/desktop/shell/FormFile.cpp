@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tvok/host/desktop/shell/ControlTypes.h"
+#include "tvok/host/desktop/ControlTypes.h"
 #include "tvok/records/Error.h"
 
 namespace tvok {
@@ -35,6 +35,10 @@ void WriteAll(const std::string& file, const std::string& text) {
     throw FileError(file + ": cannot be written");
 }
 
+[[noreturn]] void ThrowUnknownType(const std::string& file, const std::string& name) {
+    throw FileError(file + ": the type of control \"" + name + "\" is not registered");
+}
+
 } // namespace
 
 void Form::Save(const std::string& file) const {
@@ -42,7 +46,7 @@ void Form::Save(const std::string& file) const {
     for (const std::string& name : Names()) {
         host::Control& control = *Find(name);
         soft::FormFileControl entry{ControlTypeName(control), name, PlacementOf(control), {}};
-        if (entry.type.empty()) throw FileError(file + ": the type of \"" + name + "\" is not registered");
+        if (entry.type.empty()) ThrowUnknownType(file, name);
         control.WriteProperties(entry.settings);
         content.controls.push_back(std::move(entry));
     }

@@ -6,7 +6,7 @@
 
 #include <toml++/toml.h>
 
-#include "tvok/host/desktop/shell/ControlTypes.h"
+#include "tvok/host/desktop/ControlTypes.h"
 #include "tvok/host/desktop/shell/FormFile.h"
 #include "tvok/host/desktop/shell/ProbeComponent.h"
 #include "tvok/records/Error.h"

@@ -1,4 +1,4 @@
-#include "tvok/host/desktop/shell/TextBox.h"
+#include "tvok/host/desktop/TextBox.h"
 
 #include <algorithm>
 #include <utility>
@@ -6,6 +6,7 @@
 #include "tvok/engine/dgi.h"
 #include "tvok/host/Services.h"
 #include "tvok/host/desktop/shell/Clipboard.h"
+#include "tvok/host/desktop/shell/EditText.h"
 #include "tvok/records/numeric.h"
 #include "tvok/records/text.h"
 
@@ -56,36 +57,48 @@ tvok_Rect Measure(Handle hDC, std::string_view text) {
 
 } // namespace
 
+TextBox::TextBox() : text_(std::make_unique<soft::EditText>()) {}
+
+TextBox::~TextBox() = default;
+
 // Content.
 
+const std::string& TextBox::Text() const {
+    return text_->Text();
+}
+
+std::string TextBox::SelText() const {
+    return text_->SelectedText();
+}
+
 void TextBox::Text(std::string_view text) {
-    const std::string before = text_.Text();
-    text_.Text(text);
+    const std::string before = text_->Text();
+    text_->Text(text);
     scroll_ = 0;
-    Changed(text_.Text() != before);
+    Changed(text_->Text() != before);
 }
 
 std::int32_t TextBox::MaxLength() const {
-    return ToInt32(static_cast<std::int64_t>(text_.MaxLength()));
+    return ToInt32(static_cast<std::int64_t>(text_->MaxLength()));
 }
 
 void TextBox::MaxLength(std::int32_t characters) {
-    if (characters >= 0) text_.MaxLength(static_cast<std::size_t>(characters));
+    if (characters >= 0) text_->MaxLength(static_cast<std::size_t>(characters));
 }
 
 std::int32_t TextBox::SelStart() const {
-    return CharactersTo(text_.Text(), text_.SelectionStart());
+    return CharactersTo(text_->Text(), text_->SelectionStart());
 }
 
 std::int32_t TextBox::SelLength() const {
-    return CharactersTo(text_.Text(), text_.SelectionEnd()) - SelStart();
+    return CharactersTo(text_->Text(), text_->SelectionEnd()) - SelStart();
 }
 
 void TextBox::Select(std::int32_t start, std::int32_t length) {
     const auto from = static_cast<std::size_t>(std::max(start, 0));
     const auto to = from + static_cast<std::size_t>(std::max(length, 0));
-    text_.MoveTo(FirstCharacters(Text(), from).size(), false);
-    text_.MoveTo(FirstCharacters(Text(), to).size(), true);
+    text_->MoveTo(FirstCharacters(Text(), from).size(), false);
+    text_->MoveTo(FirstCharacters(Text(), to).size(), true);
     ShowCaret();
 }
 
@@ -116,7 +129,7 @@ void TextBox::Initialize(Component& component) {
 void TextBox::InitProperties() {
     component_->BorderStyle(1);
     component_->Appearance(1);
-    text_.Text(component_->Ambient().DisplayName());
+    text_->Text(component_->Ambient().DisplayName());
 }
 
 void TextBox::ReadProperties(PropertyBag& bag) {
@@ -127,7 +140,7 @@ void TextBox::ReadProperties(PropertyBag& bag) {
     ForeColor(Read(bag, "ForeColor", cWindowText));
     MaxLength(Read(bag, "MaxLength", std::int32_t{0}));
     ReadOnly(Read(bag, "ReadOnly", false));
-    text_.Text(ReadText(bag, "Text"));
+    text_->Text(ReadText(bag, "Text"));
 }
 
 void TextBox::WriteProperties(PropertyBag& bag) {
@@ -180,9 +193,9 @@ std::size_t TextBox::PlaceAt(std::int32_t x) const {
     std::size_t low = 0;
     std::size_t high = Text().size();
     while (low < high) {
-        std::size_t middle = text_.AtOrBefore((low + high + 1) / 2);
-        if (middle <= low) middle = text_.After(low);
-        const std::size_t before = text_.Before(middle);
+        std::size_t middle = text_->AtOrBefore((low + high + 1) / 2);
+        if (middle <= low) middle = text_->After(low);
+        const std::size_t before = text_->Before(middle);
         if (2 * std::int64_t{inText} >= std::int64_t{WidthTo(before)} + WidthTo(middle))
             low = middle;
         else
@@ -197,15 +210,15 @@ std::size_t TextBox::PlaceAtTwips(float x) const {
 
 tvok_Rect TextBox::SelectionArea(const tvok_Rect& area) const {
     const std::int32_t origin = area.Left - scroll_;
-    const tvok_Rect whole{origin + WidthTo(text_.SelectionStart()), area.Top,
-                          origin + WidthTo(text_.SelectionEnd()), area.bottom};
+    const tvok_Rect whole{origin + WidthTo(text_->SelectionStart()), area.Top,
+                          origin + WidthTo(text_->SelectionEnd()), area.bottom};
     tvok_Rect shown;
     Platform::IntersectRect(shown, whole, area);
     return shown;
 }
 
 tvok_Rect TextBox::CaretArea(const tvok_Rect& area) const {
-    const std::int32_t x = area.Left - scroll_ + WidthTo(text_.Caret());
+    const std::int32_t x = area.Left - scroll_ + WidthTo(text_->Caret());
     return {x, area.Top, x + 1, area.bottom};
 }
 
@@ -224,7 +237,7 @@ void TextBox::Paint() {
     dgi::FillRectFrame(component_->hDC(), client, area, backColor_);
     DrawText(area, area, foreColor_, backColor_);
     if (!focused_) return;
-    if (text_.HasSelection())
+    if (text_->HasSelection())
         DrawText(area, SelectionArea(area), SystemColor(COLOR_HIGHLIGHTTEXT), cHighlight);
     dgi::FillRectColor(component_->hDC(), CaretArea(area), foreColor_);
 }
@@ -237,7 +250,7 @@ void TextBox::ShowCaret() {
     if (component_ == nullptr) return;
     const tvok_Rect area = TextArea();
     const std::int32_t room = std::max(area.Right - area.Left - 1, 0);
-    const std::int32_t caret = WidthTo(text_.Caret());
+    const std::int32_t caret = WidthTo(text_->Caret());
     scroll_ = std::clamp(scroll_, std::max(caret - room, 0), caret);
     scroll_ = std::min(scroll_, std::max(WidthTo(Text().size()) - room, 0));
     Repaint();
@@ -256,47 +269,47 @@ void TextBox::KeyDown(std::int16_t& keyCode, std::int16_t& shift) {
 }
 
 bool TextBox::MoveCaret(std::int32_t keyCode, bool control, bool extend) {
-    const std::size_t caret = text_.Caret();
-    const bool collapse = text_.HasSelection() && !extend && !control;
+    const std::size_t caret = text_->Caret();
+    const bool collapse = text_->HasSelection() && !extend && !control;
     switch (keyCode) {
     case VK_LEFT:
-        text_.MoveTo(collapse  ? text_.SelectionStart()
-                     : control ? text_.WordBefore(caret)
-                               : text_.Before(caret),
-                     extend);
+        text_->MoveTo(collapse  ? text_->SelectionStart()
+                      : control ? text_->WordBefore(caret)
+                                : text_->Before(caret),
+                      extend);
         return true;
     case VK_RIGHT:
-        text_.MoveTo(collapse  ? text_.SelectionEnd()
-                     : control ? text_.WordAfter(caret)
-                               : text_.After(caret),
-                     extend);
+        text_->MoveTo(collapse  ? text_->SelectionEnd()
+                      : control ? text_->WordAfter(caret)
+                                : text_->After(caret),
+                      extend);
         return true;
-    case VK_HOME: text_.MoveTo(0, extend); return true;
-    case VK_END: text_.MoveTo(Text().size(), extend); return true;
+    case VK_HOME: text_->MoveTo(0, extend); return true;
+    case VK_END: text_->MoveTo(Text().size(), extend); return true;
     default: return false;
     }
 }
 
 void TextBox::Copy() const {
-    if (text_.HasSelection()) soft::clipboard().Text(text_.SelectedText());
+    if (text_->HasSelection()) soft::clipboard().Text(text_->SelectedText());
 }
 
 bool TextBox::RunCommand(std::int32_t keyCode) {
     switch (keyCode) {
     case 'A':
-        text_.SelectAll();
+        text_->SelectAll();
         ShowCaret();
         return true;
     case 'C': Copy(); return true;
     case 'X':
         Copy();
-        if (!readOnly_) Changed(text_.EraseSelection());
+        if (!readOnly_) Changed(text_->EraseSelection());
         return true;
     case 'V':
-        if (!readOnly_) Changed(text_.Insert(soft::clipboard().Text()));
+        if (!readOnly_) Changed(text_->Insert(soft::clipboard().Text()));
         return true;
     case 'Z':
-        if (!readOnly_) Changed(text_.Undo());
+        if (!readOnly_) Changed(text_->Undo());
         return true;
     default: return false;
     }
@@ -304,11 +317,11 @@ bool TextBox::RunCommand(std::int32_t keyCode) {
 
 bool TextBox::EraseByKey(std::int32_t keyCode, bool control) {
     if (keyCode != VK_BACK && keyCode != VK_DELETE) return false;
-    if (text_.HasSelection()) return text_.EraseSelection();
-    const std::size_t caret = text_.Caret();
+    if (text_->HasSelection()) return text_->EraseSelection();
+    const std::size_t caret = text_->Caret();
     if (keyCode == VK_BACK)
-        return text_.Erase(control ? text_.WordBefore(caret) : text_.Before(caret), caret);
-    return text_.Erase(caret, control ? text_.WordAfter(caret) : text_.After(caret));
+        return text_->Erase(control ? text_->WordBefore(caret) : text_->Before(caret), caret);
+    return text_->Erase(caret, control ? text_->WordAfter(caret) : text_->After(caret));
 }
 
 void TextBox::KeyPress(std::int16_t& keyAscii) {
@@ -324,7 +337,7 @@ void TextBox::KeyPress(std::int16_t& keyAscii) {
         character = 0x10000u + ((first - 0xD800u) << 10) + (unit - 0xDC00u);
     std::string typed;
     soft::AppendCharacter(typed, character);
-    Changed(text_.Insert(typed));
+    Changed(text_->Insert(typed));
 }
 
 // Mouse.
@@ -335,26 +348,23 @@ void TextBox::MouseDown(std::int16_t& button, std::int16_t& shift, float& x, flo
     if (component_ == nullptr) return;
     pressed_ = PlaceAtTwips(x);
     selecting_ = true;
-    platform().SetCapture(component_->hWnd());
-    text_.MoveTo(pressed_, (shift & ShiftBit) != 0);
+    text_->MoveTo(pressed_, (shift & ShiftBit) != 0);
     ShowCaret();
 }
 
 void TextBox::MouseMove(std::int16_t&, std::int16_t&, float& x, float&) {
     if (component_ == nullptr || !selecting_) return;
-    text_.MoveTo(PlaceAtTwips(x), true);
+    text_->MoveTo(PlaceAtTwips(x), true);
     ShowCaret();
 }
 
 void TextBox::MouseUp(std::int16_t& button, std::int16_t&, float&, float&) {
-    if (button != 1 || !selecting_) return;
-    selecting_ = false;
-    platform().ReleaseCapture();
+    if (button == 1) selecting_ = false;
 }
 
 void TextBox::DblClick() {
     if (component_ == nullptr) return;
-    text_.SelectWordAt(pressed_);
+    text_->SelectWordAt(pressed_);
     ShowCaret();
 }
 

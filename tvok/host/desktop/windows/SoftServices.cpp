@@ -1,5 +1,6 @@
 #include "tvok/host/desktop/windows/SoftServices.h"
 
+#include "tvok/host/desktop/shell/ColorDialog.h"
 #include "tvok/host/desktop/shell/Language.h"
 #include "tvok/host/desktop/shell/StringTable.h"
 #include "tvok/host/desktop/shell/TemporaryFiles.h"
@@ -10,8 +11,8 @@
 namespace tvok::soft {
 
 SoftServices::SoftServices(World& world, const std::string& language)
-    : world_(world), strings_(MakeStringResources(language)), files_(MakeTemporaryFiles()), colors_(),
-      language_(MakeLanguage(language)) {}
+    : world_(world), strings_(MakeStringResources(language)), files_(MakeTemporaryFiles()),
+      colors_(MakeColorPicker(world.desktop)), language_(MakeLanguage(language)) {}
 
 SoftServices::~SoftServices() = default;
 

@@ -1,16 +1,21 @@
 /// A single-line edit field.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "tvok/host/Component.h"
 #include "tvok/host/PropertyBag.h"
-#include "tvok/host/desktop/shell/EditText.h"
 #include "tvok/records/Event.h"
 
 namespace tvok {
+
+namespace soft {
+class EditText;
+}
 
 /// Edits by whole characters as a reader sees them. Arrow keys, Home and End move the caret, by words with
 /// Control, and select with Shift; a drag selects, a double click selects a word. Control with A, C, X, V and
@@ -26,7 +31,10 @@ public:
     };
     Events events;
 
-    const std::string& Text() const { return text_.Text(); } ///< UTF-8.
+    TextBox();
+    ~TextBox() override;
+
+    const std::string& Text() const; ///< UTF-8.
     /// Keeps the first line, without control characters, up to `MaxLength`. The caret goes to the front.
     void Text(std::string_view text);
     std::int32_t MaxLength() const;             ///< In code points. 0, the default, is no limit.
@@ -38,7 +46,7 @@ public:
 
     std::int32_t SelStart() const;
     std::int32_t SelLength() const;
-    std::string SelText() const { return text_.SelectedText(); }
+    std::string SelText() const;
     void Select(std::int32_t start, std::int32_t length); ///< Limited to the text. The caret is at its end.
 
     OLE_COLOR BackColor() const { return backColor_; } ///< Default window background.
@@ -82,7 +90,7 @@ private:
     void Changed(bool changed); ///< Shows the text, and raises `Change` where it changed.
 
     host::Component* component_ = nullptr; ///< Null before `Initialize` and after `Terminate`.
-    soft::EditText text_;
+    std::unique_ptr<soft::EditText> text_;
     OLE_COLOR backColor_ = cWindowBackground;
     OLE_COLOR foreColor_ = cWindowText;
     std::int32_t scroll_ = 0; ///< Pixels of the text left of the area.
