@@ -455,8 +455,9 @@ TEST_F(ItemsText, TheFirstEqualSignDivides) {
 }
 
 TEST_F(ItemsText, AnEqualSignInFrontDividesNothing) {
-    ParseLines({"107=x", "=107", "=107=y", "999"});
+    ParseLines({"107=x", "=107", "=107=y", "108", "999"});
     EXPECT_EQ(At(1).text, "x") << "such a line is the number 0";
+    EXPECT_EQ(At(1).key, "x") << "and it leaves the value of the line before";
 }
 
 TEST_F(ItemsText, ALineWithoutAnEqualSignKeepsTheValueOfTheLineBefore) {
