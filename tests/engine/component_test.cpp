@@ -10,7 +10,7 @@
 #include "tests/support/TestDesktop.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/host/Services.h"
-#include "tvok/host/desktop/shell/ControlTypes.h"
+#include "tvok/host/desktop/ControlTypes.h"
 
 namespace tvok::test {
 namespace {
