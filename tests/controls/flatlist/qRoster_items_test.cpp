@@ -572,6 +572,15 @@ TEST(qRosterItems, RefreshWritesTheRangeAndThenPaintsThePage) {
     EXPECT_THAT(roster.TakeHookWrites(), ElementsAre("ScrollLarge 5", "ScrollMax 2"));
 }
 
+TEST(qRosterItems, RefreshReadsTheClientAreaAfterTheRangeWhichMayShowTheBar) {
+    FakeRoster roster({}, Numbered(3));
+    roster.list.Refresh();
+    const auto calls = roster.log().NamedOneOf({"hook.ScrollMax", "GetClientRect"});
+    ASSERT_EQ(calls.size(), 2u);
+    EXPECT_EQ(calls[0].name, "hook.ScrollMax");
+    EXPECT_EQ(calls[1].name, "GetClientRect");
+}
+
 // Searching.
 
 TEST(qRosterItems, FindItemInAnEmptyListGivesZero) {

@@ -302,15 +302,64 @@ TEST(qRosterReentryOutcome, AHandlerMayMoveOnFromChange) {
     EXPECT_THAT(roster.Selected(), ElementsAre(2, 3));
 }
 
-TEST(qRosterReentryOutcome, ClickAfterAClearInChangeIsForNoItem) {
-    FakeRoster roster({}, {"ant", "bee"});
-    roster.list.events.Change = [&](std::int32_t, qrosterdata&) { roster.list.Clear(); };
-    try {
-        roster.PressRow(2);
-    } catch (const SubscriptError&) { // the rest of the statement reaches into the emptied list
+/// Makes `Change` clear the list and fill it with three other items.
+void ReplaceOnChange(FakeRoster& roster) {
+    roster.list.events.Change = [&](std::int32_t, qrosterdata&) {
+        roster.list.events.Change = nullptr;
+        roster.list.Clear();
+        roster.Add({"other 1", "other 2", "other 3"});
+    };
+}
+
+TEST(qRosterReentryOutcome, AStatementEndsWhereItsHandlerReplacedTheList) {
+    const std::vector<std::pair<const char*, std::function<void(FakeRoster&)>>> statements = {
+        {"property", [](FakeRoster& roster) { roster.list.ListIndex(2); }},
+        {"find", [](FakeRoster& roster) { roster.list.FindItem("item 2", true); }},
+        {"key", [](FakeRoster& roster) { roster.Key(VK_DOWN); }},
+        {"letter", [](FakeRoster& roster) { roster.Key('I'); }},
+        {"press", [](FakeRoster& roster) { roster.PressRow(2); }},
+        {"shift press", [](FakeRoster& roster) { roster.PressRow(2, cShift); }},
+        {"drag", [](FakeRoster& roster) { roster.MoveToRow(2); }},
+        {"focus", [](FakeRoster& roster) { roster.list.GotFocus(); }},
+    };
+    for (const std::int32_t mode : {0, 1}) {
+        for (const auto& [name, statement] : statements) {
+            SCOPED_TRACE(name);
+            FakeRoster roster({.MultiSelect = mode}, Numbered(30));
+            ReplaceOnChange(roster);
+            EXPECT_NO_THROW(statement(roster));
+            EXPECT_THAT(roster.Texts(), ElementsAre("other 1", "other 2", "other 3"));
+            EXPECT_THAT(roster.Selected(), IsEmpty()); // the new items have nothing to do with it
+            EXPECT_EQ(roster.list.ListIndex(), 0);
+            EXPECT_THAT(roster.TakeEvents(), IsEmpty()); // and no Click is raised for one of them
+        }
     }
-    EXPECT_EQ(roster.list.Count(), 0);
-    EXPECT_EQ(roster.list.ListIndex(), 0);
+}
+
+TEST(qRosterReentryOutcome, ADoubleClickEndsWhereChangeReplacedTheList) {
+    for (const std::int32_t mode : {0, 1}) {
+        FakeRoster roster({.MultiSelect = mode}, Numbered(30));
+        roster.ClickRow(2);
+        roster.list.ListIndex(3);
+        ReplaceOnChange(roster);
+        roster.log().Clear();
+        EXPECT_NO_THROW(roster.DoubleClick(50, 20));
+        EXPECT_THAT(roster.TakeEvents(), IsEmpty());
+    }
+}
+
+TEST(qRosterReentryOutcome, TheWalkEndsWhereItsHandlerReplacedTheList) {
+    FakeRoster roster({.MultiSelect = 1}, Numbered(30));
+    roster.list.Selecteded();
+    int raised = 0;
+    roster.list.events.EnumSelectedItemCallBack = [&](std::int32_t&, std::int32_t&) {
+        ++raised;
+        roster.list.Clear();
+        for (int i = 0; i < 3; ++i) roster.list.AddItem(0, {.vflag = vflag::Selected});
+    };
+    EXPECT_NO_THROW(roster.list.EnumSelectedItem());
+    EXPECT_EQ(raised, 1);
+    EXPECT_THAT(roster.Selected(), ElementsAre(1, 2, 3));
 }
 
 TEST(qRosterReentryOutcome, AnErrorInChangeEndsTheStatementAndKeepsTheNewIndex) {
