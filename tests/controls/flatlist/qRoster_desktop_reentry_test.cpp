@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <ostream>
 #include <string>
 
 #include "tests/support/TestDesktop.h"
@@ -113,6 +114,13 @@ void UseEverything(TestDesktop& desktop, qRoster& list, const bool& gone) {
         step();
     }
     desktop.Pump();
+}
+
+void PrintTo(const Deed& deed, std::ostream* out) {
+    *out << deed.name;
+}
+void PrintTo(const EventUnderTest& event, std::ostream* out) {
+    *out << event.name;
 }
 
 class qRosterEndsInAnEvent : public ::testing::TestWithParam<std::tuple<EventUnderTest, Deed, std::int32_t>> {

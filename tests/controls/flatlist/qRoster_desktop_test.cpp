@@ -412,6 +412,33 @@ TEST(qRosterDesktop, ScrollingAPartlyCoveredListIsRightOnceTheCoverGoes) {
     EXPECT_EQ(desktop.Pixels(list), uncovered);
 }
 
+TEST(qRosterDesktop, ScrollingBeforeAnUncoveredPartWasPaintedDoesNotSpreadWhatStoodThere) {
+    TestDesktop desktop;
+    auto& list = desktop.Roster({}, Items(60));
+    auto& cover = desktop.Roster({.place = {40, 30, 100, 90}}, {"cover"});
+    desktop.form().ComponentOf(cover).ZOrder(0);
+    desktop.Pump();
+    desktop.form().Remove(cover); // the part is invalid, and no message has run
+    list.ListIndex(13);
+    desktop.Pump();
+    const auto scrolled = desktop.Pixels(list);
+    list.PaintAll();
+    EXPECT_EQ(desktop.Pixels(list), scrolled);
+}
+
+TEST(qRosterDesktop, ScrollingAListThatReachesBeyondItsFormIsRightOnceTheFormGrows) {
+    TestDesktop desktop;
+    auto& list = desktop.Roster({.place = {500, 400, 300, 200}}, Items(60));
+    list.ListIndex(25);
+    list.ListIndex(3);
+    list.ListIndex(31);
+    desktop.form().Size(900, 700);
+    desktop.Pump();
+    const auto grown = desktop.Pixels(list);
+    list.PaintAll();
+    EXPECT_EQ(desktop.Pixels(list), grown);
+}
+
 struct Look {
     const char* name;
     std::int32_t xn;

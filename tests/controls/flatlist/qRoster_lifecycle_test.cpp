@@ -461,6 +461,26 @@ TEST(qRosterLifeCycle, DesignTimePaintShowsAFrameAndTheName) {
     EXPECT_EQ(design.component.log.LiveObjects(), 0u);
 }
 
+TEST(qRosterLifeCycle, ExDrawIsForwardedWithTheEdgesOfItsRectangle) {
+    FakeRoster roster;
+    roster.list.HeadWidthEx(10);
+    roster.list.AddItem(0, {.text = "ant",
+                            .key = "the key",
+                            .vflag = vflag::IconBox | vflag::HostIcon | vflag::HostText | vflag::HostHead});
+    std::vector<std::vector<std::int32_t>> seen;
+    roster.list.events.ExDraw = [&](std::int32_t& message, std::int32_t index, const std::string& key,
+                                    std::int32_t hDC, std::int32_t cy, std::int32_t x, std::int32_t y,
+                                    std::int32_t w, std::int32_t h) {
+        EXPECT_EQ(key, "the key");
+        seen.push_back({message, index, hDC, cy, x, y, w, h});
+    };
+    roster.list.Refresh();
+    constexpr auto context = FakeComponent::cContext;
+    EXPECT_THAT(seen, ElementsAre(ElementsAre(512, 1, context, 0, 0, 0, 9, 18),
+                                  ElementsAre(128, 1, context, 0, 11, 1, 27, 17),
+                                  ElementsAre(256, 1, context, 0, 30, 0, 200, 18)));
+}
+
 // Going away.
 
 TEST(qRosterLifeCycle, TerminateDetachesTheHookBeforeItReleasesIt) {

@@ -3,6 +3,7 @@
 #include "tests/support/FakeRoster.h"
 
 #include <functional>
+#include <ostream>
 
 namespace tvok::test {
 namespace {
@@ -230,6 +231,13 @@ const std::vector<std::pair<const char*, std::function<void(FakeRoster&)>>> cAct
          roster.component.log.UpdateWindow(FakeComponent::cWindow);
      }},
 };
+
+void PrintTo(const Deed& deed, std::ostream* out) {
+    *out << deed.name;
+}
+void PrintTo(const EventUnderTest& event, std::ostream* out) {
+    *out << event.name;
+}
 
 class qRosterReentry : public ::testing::TestWithParam<std::tuple<EventUnderTest, Deed, std::int32_t>> {};
 
