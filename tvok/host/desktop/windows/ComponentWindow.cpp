@@ -17,12 +17,32 @@ struct ComponentWindow::MouseArguments {
     float y;
 };
 
+SoftPicture::SoftPicture(ComponentWindow& owner)
+    : WidgetWindow(owner.world(), &owner.window(), tvok_Rect{}, false), owner_(&owner) {
+    owner.pictures_.push_back(this);
+}
+
+SoftPicture::~SoftPicture() {
+    if (owner_) std::erase(owner_->pictures_, this);
+}
+
+void SoftPicture::OwnerGone() {
+    owner_ = nullptr;
+    Leave();
+}
+
+/// A popup leaves the focus where it is; a picture in its place gives it to its component.
+Window* SoftPicture::FocusByMouse() {
+    return owner_ && !window().IsTopLevel() ? owner_->FocusByMouse() : nullptr;
+}
+
 ComponentWindow::ComponentWindow(World& world, Window& parent, host::Control& control, std::string name,
                                  const tvok_Rect& rect, bool userMode)
     : WidgetWindow(world, &parent, rect, true), control_(control), name_(std::move(name)),
       ambient_(*this, userMode) {}
 
 ComponentWindow::~ComponentWindow() {
+    for (SoftPicture* picture : pictures_) picture->OwnerGone();
     Leave();
 }
 
@@ -46,6 +66,7 @@ void ComponentWindow::End() {
     if (std::exchange(ended_, true)) return;
     quietly([&] { control_.Terminate(); });
     for (const auto& child : children_) child->End();
+    for (SoftPicture* picture : std::exchange(pictures_, {})) picture->OwnerGone();
     Leave();
 }
 
@@ -54,7 +75,7 @@ host::FontValue ComponentWindow::Surroundings::Font() const {
 }
 
 std::unique_ptr<host::PictureWindow> ComponentWindow::CreatePicture() {
-    return std::make_unique<PictureWindowImpl>(world(), window());
+    return std::make_unique<SoftPicture>(*this);
 }
 
 host::Component& ComponentWindow::AddChild(host::Control& child, std::string_view name,

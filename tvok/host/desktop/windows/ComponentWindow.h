@@ -9,6 +9,23 @@
 
 namespace tvok::soft {
 
+class ComponentWindow;
+
+/// A window for a control to draw on. Its component forgets it, or it forgets its component, whoever goes
+/// first.
+class SoftPicture final : public WidgetWindow<host::PictureWindow> {
+public:
+    explicit SoftPicture(ComponentWindow& owner);
+    ~SoftPicture() override;
+
+    /// The component is going away, and with it the window.
+    void OwnerGone();
+    Window* FocusByMouse() override;
+
+private:
+    ComponentWindow* owner_;
+};
+
 class ComponentWindow final : public WidgetWindow<host::Component> {
 public:
     ComponentWindow(World& world, Window& parent, host::Control& control, std::string name,
@@ -35,6 +52,7 @@ public:
     void FocusInside(bool inside) override;
 
 private:
+    friend class SoftPicture;
     class Surroundings final : public host::Ambient {
     public:
         Surroundings(const ComponentWindow& component, bool userMode)
@@ -64,6 +82,7 @@ private:
     bool ended_ = false;
     bool armed_ = false; ///< The left button went down here: its way up is a click.
     std::vector<std::unique_ptr<ComponentWindow>> children_;
+    std::vector<SoftPicture*> pictures_;
 };
 
 } // namespace tvok::soft

@@ -116,16 +116,4 @@ public:
     void Cls() override { WidgetCore::Cls(); }
 };
 
-class PictureWindowImpl final : public WidgetWindow<host::PictureWindow> {
-public:
-    PictureWindowImpl(World& world, Window& owner) : WidgetWindow(world, &owner, {}, false), owner_(owner) {}
-
-    Window* FocusByMouse() override {
-        return window().IsTopLevel() ? nullptr : owner_.client().FocusByMouse();
-    }
-
-private:
-    Window& owner_;
-};
-
 } // namespace tvok::soft
