@@ -10,11 +10,11 @@ namespace {
 using namespace host;
 
 /// A theme whose edge colours have letters: h highlight, l light, s shadow, d dark shadow, f face, t button
-/// text, w window, x window text, F window frame.
+/// text, w window, x window text, F window frame, g grey text.
 constexpr std::pair<std::int32_t, char> letters[]{
-    {COLOR_BTNHIGHLIGHT, 'h'}, {COLOR_3DLIGHT, 'l'},    {COLOR_BTNSHADOW, 's'},
-    {COLOR_3DDKSHADOW, 'd'},   {COLOR_BTNFACE, 'f'},    {COLOR_BTNTEXT, 't'},
-    {COLOR_WINDOW, 'w'},       {COLOR_WINDOWTEXT, 'x'}, {COLOR_WINDOWFRAME, 'F'},
+    {COLOR_BTNHIGHLIGHT, 'h'}, {COLOR_3DLIGHT, 'l'},  {COLOR_BTNSHADOW, 's'}, {COLOR_3DDKSHADOW, 'd'},
+    {COLOR_BTNFACE, 'f'},      {COLOR_BTNTEXT, 't'},  {COLOR_WINDOW, 'w'},    {COLOR_WINDOWTEXT, 'x'},
+    {COLOR_WINDOWFRAME, 'F'},  {COLOR_GRAYTEXT, 'g'},
 };
 
 struct Board : Canvas {
@@ -129,7 +129,7 @@ TEST(DrawFrameControl, ArrowsPointTheirWay) {
     EXPECT_EQ(arrow(DFCS_SCROLLUP | DFCS_PUSHED),
               (Rows{"fffffff", "fffffff", "fffffff", "fffftff", "ffftttf", "ffttttt", "fffffff"}));
     EXPECT_EQ(arrow(DFCS_SCROLLUP | DFCS_INACTIVE),
-              (Rows{"fffffff", "fffffff", "fffsfff", "ffsssff", "fsssssf", "ffhhhhh", "fffffff"}));
+              (Rows{"fffffff", "fffffff", "fffgfff", "ffgggff", "fgggggf", "ffhhhhh", "fffffff"}));
 }
 
 TEST(DrawFrameControl, TheCloseButtonHasACross) {

@@ -70,7 +70,7 @@ host::Point Centred(const tvok_Rect& rect, std::int32_t width, std::int32_t heig
     return {Clamp32(rect.Left + spareX / 2), Clamp32(rect.Top + spareY / 2)};
 }
 
-/// One line of a mark, `along` pixels from its beginning, as wide as it is there.
+/// One line of a mark.
 void FillStrip(DeviceContext& context, host::Point at, std::int32_t width, std::int32_t height,
                std::int32_t color) {
     context.FillColor({at.x, at.y, at.x + width, at.y + height}, color);
@@ -79,14 +79,15 @@ void FillStrip(DeviceContext& context, host::Point at, std::int32_t width, std::
 using PutMark = void (*)(DeviceContext& context, const tvok_Rect& rect, std::int32_t kind, std::int32_t shift,
                          std::int32_t color);
 
-/// A mark in the button's text colour. A pushed one moves with its button; an inactive one is engraved.
+/// A mark in the button's text colour. A pushed one moves with its button; an inactive one is grey and
+/// engraved.
 void DrawMark(DeviceContext& context, const Theme& theme, const tvok_Rect& rect, std::int32_t state,
               PutMark put, std::int32_t kind) {
     if (ShorterSide(rect) < smallestWithMark) return;
     const std::int32_t shift = (state & host::DFCS_PUSHED) ? 1 : 0;
     if (state & host::DFCS_INACTIVE) {
         put(context, rect, kind, shift + 1, ColorOf(theme, host::COLOR_BTNHIGHLIGHT));
-        put(context, rect, kind, shift, ColorOf(theme, host::COLOR_BTNSHADOW));
+        put(context, rect, kind, shift, ColorOf(theme, host::COLOR_GRAYTEXT));
         return;
     }
     put(context, rect, kind, shift, ColorOf(theme, host::COLOR_BTNTEXT));
@@ -166,7 +167,7 @@ void DrawPushButton(DeviceContext& context, const Theme& theme, const tvok_Rect&
 LineColors BoxColors(std::int32_t state) {
     const bool dull = (state & (host::DFCS_INACTIVE | host::DFCS_PUSHED)) != 0;
     return {dull ? host::COLOR_BTNFACE : host::COLOR_WINDOW,
-            (state & host::DFCS_INACTIVE) ? host::COLOR_BTNSHADOW : host::COLOR_WINDOWTEXT};
+            (state & host::DFCS_INACTIVE) ? host::COLOR_GRAYTEXT : host::COLOR_WINDOWTEXT};
 }
 
 void DrawCheckBox(DeviceContext& context, const Theme& theme, const tvok_Rect& rect, std::int32_t state) {
