@@ -10,6 +10,7 @@
 #include "tvok/host/desktop/displays/Display.h"
 #include "tvok/host/desktop/displays/Scaling.h"
 #include "tvok/host/desktop/displays/SdlKeys.h"
+#include "tvok/host/desktop/displays/SdlWait.h"
 
 namespace tvok::soft {
 
@@ -84,8 +85,8 @@ private:
     void FeedFocusLost(DisplayEvents& events);
 
     float scale_;
-    SDL_Rect screen_{};       ///< Around all monitors, in screen pixels.
-    std::uint32_t wakeEvent_; ///< SDL's number for `Wake`.
+    SdlWait wait_;
+    SDL_Rect screen_{}; ///< Around all monitors, in screen pixels.
     std::map<Handle, SdlWindow> windows_;
     std::map<std::int16_t, SDL_Cursor*> cursors_;
     std::uint16_t modifiers_ = 0; ///< While the last key event was made.
@@ -93,7 +94,7 @@ private:
     bool captured_ = false;
 };
 
-SdlDisplay::SdlDisplay(float scale) : scale_(scale), wakeEvent_(SDL_RegisterEvents(1)) {
+SdlDisplay::SdlDisplay(float scale) : scale_(scale) {
     for (int display = 0; display < SDL_GetNumVideoDisplays(); ++display) {
         SDL_Rect bounds;
         if (SDL_GetDisplayBounds(display, &bounds) == 0) SDL_UnionRect(&screen_, &bounds, &screen_);
@@ -136,6 +137,7 @@ void SdlDisplay::Open(const DisplayWindow& window) {
                          std::max(ToScreen(HeightOf(rect), scale_), 1),
                          SDL_WINDOW_HIDDEN | (window.popup ? popupFlags : formFlags));
     if (made == nullptr) return;
+    wait_.Watch(made);
     windows_[window.id] = {made, window, rect};
     if (window.visible) SDL_ShowWindow(made);
 }
@@ -220,19 +222,17 @@ void SdlDisplay::Present(Handle id, const Surface& surface, const Region& damage
 void SdlDisplay::Wait(std::chrono::milliseconds timeout, DisplayEvents& events) {
     const auto limit = std::clamp<std::int64_t>(timeout.count(), 0, 3'600'000);
     SDL_Event event;
-    bool more = SDL_WaitEventTimeout(&event, static_cast<int>(limit)) != 0;
+    bool more = wait_.Next(event, std::chrono::milliseconds(limit));
     for (; more; more = SDL_PollEvent(&event) != 0) Feed(event, events);
     FeedFocusLost(events);
+    if (wait_.TakeWoken()) events.Woken();
 }
 
 void SdlDisplay::Wake() {
-    SDL_Event event{};
-    event.type = wakeEvent_;
-    SDL_PushEvent(&event);
+    wait_.Wake();
 }
 
 void SdlDisplay::Feed(const SDL_Event& event, DisplayEvents& events) {
-    if (event.type == wakeEvent_) return events.Woken();
     switch (event.type) {
     case SDL_WINDOWEVENT: return FeedWindow(event.window, events);
     case SDL_MOUSEMOTION: return FeedPointer(event.motion.windowID, event.motion.x, event.motion.y, events);
