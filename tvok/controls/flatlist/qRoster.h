@@ -79,8 +79,13 @@ public:
     std::int32_t ListIndex() const;     ///< The current item, 0 for none.
     void ListIndex(std::int32_t index); ///< Out of range: ignored. Raises `Change` where it differs.
     bool IsSelected(std::int32_t Index) const;
-    /// Raises `EnumSelectedItemCallBack` for each selected item. Handlers may remove items on the way.
-    void EnumSelectedItem(std::int32_t ActionID = 0, bool ClearSelected = true);
+    /// Raises `EnumSelectedItemCallBack` for each selected item. Handlers may remove items on the way. What a
+    /// handler leaves in `ActionID` goes to the next call and comes back to the caller.
+    void EnumSelectedItem(std::int32_t& ActionID, bool ClearSelected = true);
+    void EnumSelectedItem(const std::int32_t& ActionID = 0, bool ClearSelected = true) {
+        std::int32_t action = ActionID;
+        EnumSelectedItem(action, ClearSelected);
+    }
     void Selecteded(std::int32_t lstart = 0, std::int32_t lstop = 0); ///< Both 0: all items.
     void UnSelecteded(std::int32_t lstart = 0, std::int32_t lstop = 0);
     std::int32_t MultiSelect() const;

@@ -26,7 +26,8 @@ void Step(std::int32_t from, std::int32_t to, Visit visit) {
 // Bits.
 
 void qRoster::SetSelectedBit(std::int32_t index, bool on) {
-    // A position from before the list became shorter, such as an old anchor, names no item: nothing to mark.
+    // An anchor from before the list was cleared may lie beyond the index. It names no item, so there is
+    // nothing to mark: a Shift-click of the user is no place for an error that only a host could have caused.
     if (index > itemIndex_.UpperBound()) return;
     const std::int32_t slot = itemIndex_[index]; // index 0 is entry 0, and the slot that it names is written
     const std::int32_t flags = items_[slot].vflag;
@@ -168,7 +169,7 @@ void qRoster::UnSelecteded(std::int32_t lstart, std::int32_t lstop) {
     SelectRange(lstart, lstop, false);
 }
 
-void qRoster::EnumSelectedItem(std::int32_t ActionID, bool ClearSelected) {
+void qRoster::EnumSelectedItem(std::int32_t& ActionID, bool ClearSelected) {
     EnterMultiActive();
     if (ClearSelected) state_.MultiActive = false;
     const std::uint32_t listEnds = listEnds_;
