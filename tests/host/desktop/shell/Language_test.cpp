@@ -107,7 +107,8 @@ TEST(Language, ComparisonAgreesWithTheCollatorOnRandomTexts) {
 
 TEST(Language, KeysOrderAsComparisonDoesAlsoForBytesThatAreNotText) {
     std::mt19937 random(3);
-    std::string bytes("aB\0\xC3\xA4\xC3\x84\xFF\xE2\x82\xCC\x88\xF0\x9F\x98\x80 \x80zZ", 22);
+    constexpr char bytesAndZero[] = "aB\0\xC3\xA4\xC3\x84\xFF\xE2\x82\xCC\x88\xF0\x9F\x98\x80 \x80zZ";
+    const std::string_view bytes(bytesAndZero, sizeof bytesAndZero - 1);
     for (const std::string& name : Languages) {
         const auto language = MakeLanguage(name);
         for (int i = 0; i < 3000; ++i) {
