@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace gallery {
 namespace {
@@ -47,7 +48,8 @@ TEST(Packages, BrokenSizesAndBytesDoNoHarm) {
 }
 
 TEST(Packages, WithoutADatabaseTheFilesOfAFolderStandInAndANoteSaysSo) {
-    const auto folder = std::filesystem::path(testing::TempDir()) / "packages_test";
+    const auto folder =
+        std::filesystem::path(testing::TempDir()) / ("packages_test" + std::to_string(getpid()));
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder / "sub");
     std::ofstream(folder / "b.txt") << std::string(3000, 'x');

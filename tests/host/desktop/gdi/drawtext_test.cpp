@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 
 namespace tvok::test {
 namespace {
@@ -8,8 +8,8 @@ namespace {
 using namespace host;
 
 /// A canvas whose text boxes are plain green: their places can be read.
-struct Boxes : Canvas {
-    Boxes() : Canvas(200, 120) {
+struct Boxes : DrawnSurface {
+    Boxes() : DrawnSurface(200, 120) {
         dc.BkColor(green);
         dc.TextColor(green);
         height = dc.Metrics().height;
@@ -108,7 +108,7 @@ TEST(DrawText, MeasuringWrappedTextWidensForALongWord) {
 }
 
 TEST(DrawText, AMarkUnderlinesTheNextCharacter) {
-    Canvas canvas(100, 30);
+    DrawnSurface canvas(100, 30);
     const tvok_Rect rect{0, 0, 100, 30};
     tvok_Rect box = rect;
     canvas.dc.DrawText("  & ", box, DT_SINGLELINE); // the third blank is underlined
@@ -130,7 +130,7 @@ TEST(DrawText, MarksTakeNoRoom) {
 }
 
 TEST(DrawText, TwoMarksShowOneAndUnderlineNothing) {
-    Canvas marked(100, 30), plain(100, 30);
+    DrawnSurface marked(100, 30), plain(100, 30);
     tvok_Rect rect{0, 0, 100, 30};
     marked.dc.DrawText("a&&b", rect, DT_SINGLELINE);
     plain.dc.DrawText("a&b", rect, DT_SINGLELINE | DT_NOPREFIX);
@@ -138,7 +138,7 @@ TEST(DrawText, TwoMarksShowOneAndUnderlineNothing) {
 }
 
 TEST(DrawText, AMarkInALaterLineUnderlinesThere) {
-    Canvas canvas(100, 60);
+    DrawnSurface canvas(100, 60);
     tvok_Rect rect{0, 0, 100, 60};
     canvas.dc.DrawText("  \n & ", rect, 0);
     const soft::FontMetrics metrics = canvas.dc.Metrics();

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 
 namespace tvok::test {
 namespace {
@@ -17,12 +17,12 @@ constexpr std::pair<std::int32_t, char> letters[]{
     {COLOR_WINDOWFRAME, 'F'},  {COLOR_GRAYTEXT, 'g'},
 };
 
-struct Board : Canvas {
-    Board(std::int32_t width, std::int32_t height) : Canvas(width, height) {
+struct Board : DrawnSurface {
+    Board(std::int32_t width, std::int32_t height) : DrawnSurface(width, height) {
         for (std::int32_t i = 0; i < 25; ++i) theme.colors[static_cast<std::size_t>(i)] = 0x010101 * (i + 1);
     }
     Rows Picture() const {
-        Rows rows = Canvas::Picture();
+        Rows rows = DrawnSurface::Picture();
         for (std::int32_t y = 0; y < surface.Height(); ++y)
             for (const auto& [index, letter] : letters)
                 for (std::int32_t x = 0; x < surface.Width(); ++x)

@@ -2,45 +2,45 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 
 namespace tvok::test {
 namespace {
 
-void Line(Canvas& canvas, host::Point from, host::Point to) {
+void Line(DrawnSurface& canvas, host::Point from, host::Point to) {
     canvas.dc.MoveTo(from.x, from.y, nullptr);
     canvas.dc.LineTo(to.x, to.y);
 }
 
 TEST(DeviceContextLine, LeavesOutTheLastPoint) {
-    Canvas canvas(6, 5);
+    DrawnSurface canvas(6, 5);
     Line(canvas, {1, 1}, {5, 1});
     Line(canvas, {4, 3}, {0, 3});
     EXPECT_EQ(canvas.Picture(), (Rows{"......", ".####.", "......", ".####.", "......"}));
 }
 
 TEST(DeviceContextLine, GoesUpAndDown) {
-    Canvas canvas(4, 5);
+    DrawnSurface canvas(4, 5);
     Line(canvas, {0, 0}, {0, 3});
     Line(canvas, {2, 4}, {2, 1});
     EXPECT_EQ(canvas.Picture(), (Rows{"#...", "#...", "#.#.", "..#.", "..#."}));
 }
 
 TEST(DeviceContextLine, GoesAslant) {
-    Canvas canvas(6, 4);
+    DrawnSurface canvas(6, 4);
     Line(canvas, {0, 0}, {3, 3});
     Line(canvas, {5, 0}, {2, 3});
     EXPECT_EQ(canvas.Picture(), (Rows{"#....#", ".#..#.", "..##..", "......"}));
 }
 
 TEST(DeviceContextLine, ToWhereItIsDrawsNothing) {
-    Canvas canvas(3, 3);
+    DrawnSurface canvas(3, 3);
     Line(canvas, {1, 1}, {1, 1});
     EXPECT_EQ(canvas.Ink(), tvok_Rect{});
 }
 
 TEST(DeviceContextLine, MovesThePosition) {
-    Canvas canvas(4, 4);
+    DrawnSurface canvas(4, 4);
     host::Point before;
     canvas.dc.LineTo(2, 3);
     canvas.dc.MoveTo(0, 0, &before);
@@ -48,14 +48,14 @@ TEST(DeviceContextLine, MovesThePosition) {
 }
 
 TEST(DeviceContextLine, AWidePenIsWideAcross) {
-    Canvas canvas(6, 5);
+    DrawnSurface canvas(6, 5);
     canvas.SelectPen(host::PS_SOLID, 3, black);
     Line(canvas, {1, 2}, {5, 2});
     EXPECT_EQ(canvas.Picture(), (Rows{"......", ".####.", ".####.", ".####.", "......"}));
 }
 
 TEST(DeviceContextLine, TheNullPenDrawsNothingAndMoves) {
-    Canvas canvas(3, 3);
+    DrawnSurface canvas(3, 3);
     canvas.dc.Select(canvas.objects.Stock(host::NULL_PEN));
     Line(canvas, {0, 0}, {3, 3});
     canvas.dc.Select(canvas.objects.Stock(host::BLACK_PEN));
@@ -66,7 +66,7 @@ TEST(DeviceContextLine, TheNullPenDrawsNothingAndMoves) {
 }
 
 TEST(DeviceContextLine, ADottedPenHasGapsInTheBackgroundColour) {
-    Canvas canvas(8, 2);
+    DrawnSurface canvas(8, 2);
     canvas.SelectPen(host::PS_DOT, 1, black);
     canvas.dc.BkColor(red);
     Line(canvas, {0, 0}, {8, 0});
@@ -76,7 +76,7 @@ TEST(DeviceContextLine, ADottedPenHasGapsInTheBackgroundColour) {
 }
 
 TEST(DeviceContextLine, ADottedRectangleMixesEachPixelOnce) {
-    Canvas canvas(9, 8);
+    DrawnSurface canvas(9, 8);
     canvas.SelectPen(host::PS_DOT, 1, black);
     canvas.dc.Select(canvas.objects.Stock(host::HOLLOW_BRUSH));
     canvas.dc.Rop2(host::R2_NOT);
@@ -86,7 +86,7 @@ TEST(DeviceContextLine, ADottedRectangleMixesEachPixelOnce) {
 }
 
 TEST(DeviceContextLine, StaysWithinItsClip) {
-    Canvas canvas(5, 3);
+    DrawnSurface canvas(5, 3);
     soft::Region clip({0, 0, 2, 3});
     clip.Add({3, 0, 4, 3});
     canvas.dc.Clip(clip);
@@ -100,9 +100,9 @@ TEST(DeviceContextLine, AVisiblePartOfALongLineIsTheSameAsWithoutAClip) {
         const auto place = [&] { return static_cast<std::int32_t>(random() % 60); };
         const host::Point from{place(), place()}, to{place(), place()};
         const tvok_Rect part{20, 15, 41, 38};
-        Canvas whole(60, 60), clipped(60, 60);
+        DrawnSurface whole(60, 60), clipped(60, 60);
         clipped.dc.Clip(soft::Region(part));
-        for (Canvas* canvas : {&whole, &clipped}) {
+        for (DrawnSurface* canvas : {&whole, &clipped}) {
             canvas->SelectPen(round % 2 ? host::PS_SOLID : host::PS_DOT, 1 + round % 3, black);
             Line(*canvas, from, to);
         }
@@ -115,7 +115,7 @@ TEST(DeviceContextLine, AVisiblePartOfALongLineIsTheSameAsWithoutAClip) {
 }
 
 TEST(DeviceContextLine, CoordinatesAtTheEndsOf32BitsDrawWhatIsVisible) {
-    Canvas canvas(5, 5);
+    DrawnSurface canvas(5, 5);
     canvas.SelectPen(host::PS_SOLID, 1, black);
     Line(canvas, {INT32_MIN, 2}, {INT32_MAX, 2});
     Line(canvas, {2, INT32_MAX}, {2, INT32_MIN});
@@ -128,7 +128,7 @@ TEST(DeviceContextLine, CoordinatesAtTheEndsOf32BitsDrawWhatIsVisible) {
 }
 
 TEST(DeviceContextLine, ShapesAtTheEndsOf32BitsDrawWhatIsVisible) {
-    Canvas canvas(4, 4);
+    DrawnSurface canvas(4, 4);
     for (const std::int32_t width : {1, 2, 7, INT32_MAX}) {
         for (const std::int32_t style : {host::PS_SOLID, host::PS_INSIDEFRAME, host::PS_NULL, host::PS_DOT}) {
             canvas.dc.Select(canvas.objects.Stock(host::BLACK_PEN));

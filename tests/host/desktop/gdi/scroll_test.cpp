@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 
 namespace tvok::test {
 namespace {
@@ -19,7 +19,7 @@ void Number(soft::Surface& surface) {
 }
 
 TEST(DeviceContextScroll, MovesAPageUpAndUncoversTheBand) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     Number(canvas.surface);
     soft::Region uncovered;
     EXPECT_TRUE(canvas.dc.Scroll(0, -7, whole, whole, uncovered));
@@ -30,7 +30,7 @@ TEST(DeviceContextScroll, MovesAPageUpAndUncoversTheBand) {
 }
 
 TEST(DeviceContextScroll, UncoversAnLOnASlant) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     Number(canvas.surface);
     soft::Region uncovered, expected(whole);
     canvas.dc.Scroll(5, 4, whole, whole, uncovered);
@@ -41,7 +41,7 @@ TEST(DeviceContextScroll, UncoversAnLOnASlant) {
 }
 
 TEST(DeviceContextScroll, TouchesNothingOutsideTheScrollRectangle) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     Number(canvas.surface);
     soft::Region uncovered;
     canvas.dc.Scroll(0, 3, {10, 10, 20, 20}, whole, uncovered);
@@ -52,7 +52,7 @@ TEST(DeviceContextScroll, TouchesNothingOutsideTheScrollRectangle) {
 }
 
 TEST(DeviceContextScroll, NoWayLeavesNothingUncovered) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     soft::Region uncovered({1, 1, 2, 2});
     canvas.dc.Scroll(0, 0, whole, whole, uncovered);
     EXPECT_TRUE(uncovered.IsEmpty());
@@ -61,7 +61,7 @@ TEST(DeviceContextScroll, NoWayLeavesNothingUncovered) {
 }
 
 TEST(DeviceContextScroll, AWayLongerThanTheAreaUncoversAll) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     for (const std::int32_t way : {height, 10'000, INT32_MAX, INT32_MIN, -height}) {
         soft::Region uncovered;
         canvas.dc.Scroll(0, way, whole, whole, uncovered);
@@ -70,7 +70,7 @@ TEST(DeviceContextScroll, AWayLongerThanTheAreaUncoversAll) {
 }
 
 TEST(DeviceContextScroll, WhatIsHiddenIsNeitherMovedNorCopied) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     Number(canvas.surface);
     soft::Region visible(whole);
     visible.Subtract(tvok_Rect{10, 10, 20, 20});
@@ -86,7 +86,7 @@ TEST(DeviceContextScroll, WhatIsHiddenIsNeitherMovedNorCopied) {
 }
 
 TEST(DeviceContextScroll, TheAreaIsInTheContextsCoordinates) {
-    Canvas canvas(width, height);
+    DrawnSurface canvas(width, height);
     Number(canvas.surface);
     canvas.dc.Target(&canvas.surface, 10, 5, &canvas.damage);
     soft::Region uncovered;
@@ -125,7 +125,7 @@ TEST(DeviceContextScroll, AgreesWithThePlainWayUnderRandomWindows) {
         return tvok_Rect{x, y, x + upTo(width), y + upTo(height)};
     };
     for (int round = 0; round < 600; ++round) {
-        Canvas canvas(width, height);
+        DrawnSurface canvas(width, height);
         Number(canvas.surface);
         soft::Region visible(whole);
         for (std::int32_t hidden = upTo(6); hidden > 0; --hidden) {

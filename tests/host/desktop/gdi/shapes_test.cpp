@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 #include "tvok/host/desktop/pixels/ImageList.h"
 
 namespace tvok::test {
@@ -12,14 +12,14 @@ namespace {
 constexpr tvok_Rect everything{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
 
 TEST(DeviceContext, FillRectIsHalfOpen) {
-    Canvas canvas(5, 4);
+    DrawnSurface canvas(5, 4);
     EXPECT_TRUE(canvas.dc.FillRect({1, 1, 4, 3}, canvas.SolidBrush(black)));
     EXPECT_EQ(canvas.Picture(), (Rows{".....", ".###.", ".###.", "....."}));
     EXPECT_EQ(canvas.damage.Take(), soft::Region({1, 1, 4, 3}));
 }
 
 TEST(DeviceContext, ColoursAreBlueGreenRed) {
-    Canvas canvas(3, 1);
+    DrawnSurface canvas(3, 1);
     canvas.dc.FillColor({0, 0, 1, 1}, red);
     canvas.dc.FillColor({1, 0, 2, 1}, 0x563412);
     canvas.dc.FillColor({2, 0, 3, 1}, static_cast<std::int32_t>(0x80000008)); // the high byte does not count
@@ -29,7 +29,7 @@ TEST(DeviceContext, ColoursAreBlueGreenRed) {
 }
 
 TEST(DeviceContext, AHollowBrushFillsNothingAndABadOneFails) {
-    Canvas canvas(2, 2);
+    DrawnSurface canvas(2, 2);
     EXPECT_TRUE(canvas.dc.FillRect(everything, canvas.objects.Stock(host::HOLLOW_BRUSH)));
     EXPECT_TRUE(canvas.dc.FrameRect(everything, canvas.objects.Stock(host::HOLLOW_BRUSH)));
     EXPECT_FALSE(canvas.dc.FillRect(everything, 0));
@@ -39,7 +39,7 @@ TEST(DeviceContext, AHollowBrushFillsNothingAndABadOneFails) {
 }
 
 TEST(DeviceContext, EmptyAndInvertedRectanglesDrawNothing) {
-    Canvas canvas(4, 4);
+    DrawnSurface canvas(4, 4);
     for (const tvok_Rect& rect : {tvok_Rect{2, 1, 2, 3}, tvok_Rect{3, 1, 1, 3}, tvok_Rect{1, 3, 3, 1},
                                   tvok_Rect{INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN}}) {
         canvas.dc.FillColor(rect, black);
@@ -52,13 +52,13 @@ TEST(DeviceContext, EmptyAndInvertedRectanglesDrawNothing) {
 }
 
 TEST(DeviceContext, FrameRectIsOnePixelWide) {
-    Canvas canvas(6, 5);
+    DrawnSurface canvas(6, 5);
     canvas.dc.FrameRect({1, 1, 5, 4}, canvas.SolidBrush(red));
     EXPECT_EQ(canvas.Picture(), (Rows{"......", ".rrrr.", ".r..r.", ".rrrr.", "......"}));
 }
 
 TEST(DeviceContext, CoordinatesStartAtTheOrigin) {
-    Canvas canvas(5, 3);
+    DrawnSurface canvas(5, 3);
     canvas.dc.Target(&canvas.surface, 2, 1, &canvas.damage);
     canvas.dc.FillColor({0, 0, 2, 1}, black);
     EXPECT_EQ(canvas.Picture(), (Rows{".....", "..##.", "....."}));
@@ -66,7 +66,7 @@ TEST(DeviceContext, CoordinatesStartAtTheOrigin) {
 }
 
 TEST(DeviceContext, DrawsInsideTheClipAlone) {
-    Canvas canvas(6, 4);
+    DrawnSurface canvas(6, 4);
     soft::Region clip({0, 0, 2, 4});
     clip.Add({4, 1, 9, 9}); // reaches beyond the surface
     canvas.dc.Clip(clip);
@@ -76,7 +76,7 @@ TEST(DeviceContext, DrawsInsideTheClipAlone) {
 }
 
 TEST(DeviceContext, WithoutASurfaceOrAClipNothingIsDrawn) {
-    Canvas canvas(2, 2);
+    DrawnSurface canvas(2, 2);
     canvas.dc.Clip(soft::Region());
     canvas.dc.FillColor(everything, black);
     canvas.dc.Target(nullptr, 0, 0, nullptr);
@@ -89,7 +89,7 @@ TEST(DeviceContext, WithoutASurfaceOrAClipNothingIsDrawn) {
 }
 
 TEST(DeviceContext, RectangleHasAnOutlineAndAnInside) {
-    Canvas canvas(6, 5);
+    DrawnSurface canvas(6, 5);
     canvas.SelectPen(host::PS_SOLID, 1, black);
     canvas.SelectBrush(green);
     canvas.dc.Rectangle({1, 1, 5, 4});
@@ -97,7 +97,7 @@ TEST(DeviceContext, RectangleHasAnOutlineAndAnInside) {
 }
 
 TEST(DeviceContext, AHollowBrushLeavesTheInside) {
-    Canvas canvas(5, 4);
+    DrawnSurface canvas(5, 4);
     canvas.SelectPen(host::PS_SOLID, 0, red);
     canvas.dc.Select(canvas.objects.Stock(host::HOLLOW_BRUSH));
     canvas.dc.Rectangle({0, 0, 4, 4});
@@ -105,7 +105,7 @@ TEST(DeviceContext, AHollowBrushLeavesTheInside) {
 }
 
 TEST(DeviceContext, TheNullPenMakesARectangleOnePixelSmaller) {
-    Canvas canvas(5, 4);
+    DrawnSurface canvas(5, 4);
     canvas.dc.Select(canvas.objects.Stock(host::NULL_PEN));
     canvas.SelectBrush(blue);
     canvas.dc.Rectangle({1, 1, 5, 4});
@@ -113,7 +113,7 @@ TEST(DeviceContext, TheNullPenMakesARectangleOnePixelSmaller) {
 }
 
 TEST(DeviceContext, AnInsideFramePenStaysInsideTheRectangle) {
-    Canvas canvas(8, 7);
+    DrawnSurface canvas(8, 7);
     canvas.SelectPen(host::PS_INSIDEFRAME, 2, black);
     canvas.SelectBrush(red);
     canvas.dc.Rectangle({1, 1, 7, 6});
@@ -122,14 +122,14 @@ TEST(DeviceContext, AnInsideFramePenStaysInsideTheRectangle) {
 }
 
 TEST(DeviceContext, AnInsideFramePenWiderThanTheRectangleFillsIt) {
-    Canvas canvas(6, 5);
+    DrawnSurface canvas(6, 5);
     canvas.SelectPen(host::PS_INSIDEFRAME, INT32_MAX, black);
     canvas.dc.Rectangle({1, 1, 5, 4});
     EXPECT_EQ(canvas.Picture(), (Rows{"......", ".####.", ".####.", ".####.", "......"}));
 }
 
 TEST(DeviceContext, AWideSolidPenStandsOnTheOutermostPixels) {
-    Canvas canvas(9, 9);
+    DrawnSurface canvas(9, 9);
     canvas.SelectPen(host::PS_SOLID, 3, black);
     canvas.SelectBrush(green);
     canvas.dc.Rectangle({2, 2, 7, 7});
@@ -138,7 +138,7 @@ TEST(DeviceContext, AWideSolidPenStandsOnTheOutermostPixels) {
 }
 
 TEST(DeviceContext, InvertingTwiceLeavesThePixels) {
-    Canvas canvas(7, 6);
+    DrawnSurface canvas(7, 6);
     canvas.dc.FillColor({0, 0, 4, 6}, 0x336699);
     const Rows before = canvas.Picture();
     EXPECT_EQ(canvas.dc.Rop2(host::R2_NOT), host::R2_COPYPEN);
@@ -151,7 +151,7 @@ TEST(DeviceContext, InvertingTwiceLeavesThePixels) {
 }
 
 TEST(DeviceContext, TheXorPenMixesWithWhatIsThere) {
-    Canvas canvas(4, 1);
+    DrawnSurface canvas(4, 1);
     canvas.SelectPen(host::PS_SOLID, 1, 0x0000F0);
     canvas.dc.Rop2(host::R2_XORPEN);
     canvas.dc.MoveTo(1, 0, nullptr);
@@ -180,7 +180,7 @@ TEST(DeviceContext, EveryRasterOperationHasItsTruthTable) {
                                         pen | pixel,
                                         ~0u};
     for (std::int32_t mode = 1; mode <= 16; ++mode) {
-        Canvas canvas(1, 1);
+        DrawnSurface canvas(1, 1);
         canvas.dc.FillColor({0, 0, 1, 1}, 0xAA0000); // blue in a colour value, the low byte of a pixel
         canvas.SelectPen(host::PS_SOLID, 1, 0xCC0000);
         canvas.dc.Rop2(mode);
@@ -191,7 +191,7 @@ TEST(DeviceContext, EveryRasterOperationHasItsTruthTable) {
 }
 
 TEST(DeviceContext, ModesThatThereAreNoneOfChangeNothing) {
-    Canvas canvas(1, 1);
+    DrawnSurface canvas(1, 1);
     EXPECT_EQ(canvas.dc.Rop2(0), 0);
     EXPECT_EQ(canvas.dc.Rop2(17), 0);
     EXPECT_EQ(canvas.dc.Rop2(7), host::R2_COPYPEN);
@@ -206,7 +206,7 @@ TEST(DeviceContext, ModesThatThereAreNoneOfChangeNothing) {
 }
 
 TEST(DeviceContext, FillsDoNotFollowTheRasterOperation) {
-    Canvas canvas(3, 3);
+    DrawnSurface canvas(3, 3);
     canvas.dc.Rop2(host::R2_NOT);
     canvas.dc.FillColor({0, 0, 3, 3}, red);
     canvas.dc.FrameColor({0, 0, 3, 3}, black);
@@ -214,7 +214,7 @@ TEST(DeviceContext, FillsDoNotFollowTheRasterOperation) {
 }
 
 TEST(DeviceContext, FocusRectIsDottedAndTwiceLeavesThePixels) {
-    Canvas canvas(7, 5);
+    DrawnSurface canvas(7, 5);
     canvas.dc.FocusRect({1, 1, 6, 4});
     EXPECT_EQ(canvas.Picture(), (Rows{".......", ".#.#.#.", ".......", ".#.#.#.", "......."}));
     canvas.dc.FocusRect({1, 1, 6, 4});
@@ -222,7 +222,7 @@ TEST(DeviceContext, FocusRectIsDottedAndTwiceLeavesThePixels) {
 }
 
 TEST(DeviceContext, FocusRectMixesTheTextAndTheBackgroundColour) {
-    Canvas canvas(4, 2);
+    DrawnSurface canvas(4, 2);
     canvas.dc.TextColor(0x0000FF);
     canvas.dc.BkColor(0xFF0000);
     canvas.dc.FocusRect({0, 0, 4, 2});
@@ -234,7 +234,7 @@ TEST(DeviceContext, FocusRectMixesTheTextAndTheBackgroundColour) {
 TEST(DeviceContext, ThinFocusRectsMixEachPixelOnce) {
     for (const tvok_Rect& rect : {tvok_Rect{0, 0, 1, 5}, tvok_Rect{0, 0, 5, 1}, tvok_Rect{0, 0, 2, 2},
                                   tvok_Rect{0, 0, 1, 1}, tvok_Rect{0, 0, 2, 5}}) {
-        Canvas canvas(6, 6);
+        DrawnSurface canvas(6, 6);
         canvas.dc.FocusRect(rect);
         for (std::int32_t y = 0; y < rect.bottom; ++y)
             for (std::int32_t x = 0; x < rect.Right; ++x)
@@ -243,7 +243,7 @@ TEST(DeviceContext, ThinFocusRectsMixEachPixelOnce) {
 }
 
 TEST(DeviceContext, AScrolledFocusRectMatchesOneDrawnWhereItArrived) {
-    Canvas canvas(9, 12);
+    DrawnSurface canvas(9, 12);
     canvas.dc.FocusRect({1, 1, 8, 6});
     soft::Region uncovered;
     canvas.dc.Scroll(0, 3, {0, 0, 9, 12}, {0, 0, 9, 12}, uncovered);
@@ -253,7 +253,7 @@ TEST(DeviceContext, AScrolledFocusRectMatchesOneDrawnWhereItArrived) {
 }
 
 TEST(DeviceContext, SelectGivesTheObjectOfTheSameKindBefore) {
-    Canvas canvas(1, 1);
+    DrawnSurface canvas(1, 1);
     auto& objects = canvas.objects;
     const host::Handle pen = objects.Add(soft::Pen{}), brush = objects.Add(soft::Brush{});
     EXPECT_EQ(canvas.dc.Select(pen), objects.Stock(host::BLACK_PEN));
@@ -279,7 +279,7 @@ TEST(DeviceContext, AContextThatGoesLetsItsObjectsGo) {
 }
 
 TEST(DeviceContext, ImagesAreClippedToTheVisiblePart) {
-    Canvas canvas(5, 3);
+    DrawnSurface canvas(5, 3);
     const soft::ImageList images(std::vector<std::uint32_t>(8, 0xFF0000FF), 2);
     soft::Region clip({0, 0, 2, 3});
     clip.Add({3, 0, 5, 3});

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/host/desktop/gdi/Canvas.h"
+#include "tests/host/desktop/gdi/DrawnSurface.h"
 #include "tests/support/Allocations.h"
 
 namespace tvok::test {
@@ -9,7 +9,7 @@ namespace {
 constexpr std::int32_t flagsOfCells = host::ETO_OPAQUE | host::ETO_CLIPPED;
 
 TEST(DeviceContextText, AnOpaqueRectangleIsFilledAlsoWithoutText) {
-    Canvas canvas(6, 4);
+    DrawnSurface canvas(6, 4);
     canvas.dc.BkColor(green);
     const tvok_Rect rect{1, 1, 5, 3};
     canvas.dc.TextOut(1, 1, flagsOfCells, &rect, "", nullptr);
@@ -21,7 +21,7 @@ TEST(DeviceContextText, AnOpaqueRectangleIsFilledAlsoWithoutText) {
 }
 
 TEST(DeviceContextText, ClippedTextStaysInItsRectangle) {
-    Canvas canvas(60, 30);
+    DrawnSurface canvas(60, 30);
     const tvok_Rect rect{10, 8, 30, 16};
     canvas.dc.TextOut(2, 4, flagsOfCells, &rect, "Wgjy Wgjy", nullptr);
     const tvok_Rect ink = canvas.Ink();
@@ -31,7 +31,7 @@ TEST(DeviceContextText, ClippedTextStaysInItsRectangle) {
 }
 
 TEST(DeviceContextText, OpaqueModeFillsTheTextsBox) {
-    Canvas canvas(80, 30);
+    DrawnSurface canvas(80, 30);
     canvas.dc.BkColor(green);
     canvas.dc.TextColor(green);
     canvas.dc.TextOut(5, 4, 0, nullptr, "Apples", nullptr);
@@ -41,7 +41,7 @@ TEST(DeviceContextText, OpaqueModeFillsTheTextsBox) {
 }
 
 TEST(DeviceContextText, OpaqueModeFillsBesideAnOpaqueRectangleThatDoesNotClip) {
-    Canvas canvas(80, 30);
+    DrawnSurface canvas(80, 30);
     canvas.dc.BkColor(green);
     canvas.dc.TextColor(green);
     const tvok_Rect rect{5, 4, 10, 8};
@@ -50,7 +50,7 @@ TEST(DeviceContextText, OpaqueModeFillsBesideAnOpaqueRectangleThatDoesNotClip) {
 }
 
 TEST(DeviceContextText, TransparentModeDrawsLettersAlone) {
-    Canvas canvas(80, 30);
+    DrawnSurface canvas(80, 30);
     canvas.dc.BkColor(green);
     canvas.dc.BkMode(host::TRANSPARENT_BK);
     canvas.dc.TextOut(5, 4, 0, nullptr, "il", nullptr);
@@ -61,7 +61,7 @@ TEST(DeviceContextText, TransparentModeDrawsLettersAlone) {
 
 /// Where the letters' box lies for an alignment at (40, 20).
 tvok_Rect BoxFor(std::int32_t align) {
-    Canvas canvas(80, 40);
+    DrawnSurface canvas(80, 40);
     canvas.dc.BkColor(green);
     canvas.dc.TextColor(green);
     EXPECT_EQ(canvas.dc.TextAlign(align), host::TA_LEFT);
@@ -70,7 +70,7 @@ tvok_Rect BoxFor(std::int32_t align) {
 }
 
 TEST(DeviceContextText, AlignsAtThePoint) {
-    Canvas canvas(1, 1);
+    DrawnSurface canvas(1, 1);
     const std::int32_t width = canvas.dc.TextWidth("mine");
     const soft::FontMetrics metrics = canvas.dc.Metrics();
     EXPECT_EQ(BoxFor(host::TA_LEFT), (tvok_Rect{40, 20, 40 + width, 20 + metrics.height}));
@@ -83,8 +83,8 @@ TEST(DeviceContextText, AlignsAtThePoint) {
 
 TEST(DeviceContextText, GivenAdvancesPlaceEachCharacterByItsBytes) {
     const std::int32_t dx[] = {20, 5, 15, 20}; // a, two bytes of e with acute, b
-    Canvas apart(100, 24), single(100, 24);
-    for (Canvas* canvas : {&apart, &single}) canvas->dc.BkMode(host::TRANSPARENT_BK);
+    DrawnSurface apart(100, 24), single(100, 24);
+    for (DrawnSurface* canvas : {&apart, &single}) canvas->dc.BkMode(host::TRANSPARENT_BK);
     apart.dc.TextOut(3, 2, 0, nullptr,
                      "a\xC3\xA9"
                      "b",
@@ -97,7 +97,7 @@ TEST(DeviceContextText, GivenAdvancesPlaceEachCharacterByItsBytes) {
 
 TEST(DeviceContextText, GivenAdvancesMakeTheBackgroundsWidth) {
     const std::int32_t dx[] = {20, 30};
-    Canvas canvas(100, 24);
+    DrawnSurface canvas(100, 24);
     canvas.dc.BkColor(green);
     canvas.dc.TextColor(green);
     canvas.dc.TextAlign(host::TA_RIGHT);
@@ -107,10 +107,10 @@ TEST(DeviceContextText, GivenAdvancesMakeTheBackgroundsWidth) {
 }
 
 TEST(DeviceContextText, UnderlineAndStrikeoutRunAlongTheText) {
-    Canvas plain(80, 24), lined(80, 24);
+    DrawnSurface plain(80, 24), lined(80, 24);
     lined.SelectFont(12, true, true);
     plain.SelectFont(12);
-    for (Canvas* canvas : {&plain, &lined}) canvas->dc.TextOut(4, 3, 0, nullptr, "   ", nullptr);
+    for (DrawnSurface* canvas : {&plain, &lined}) canvas->dc.TextOut(4, 3, 0, nullptr, "   ", nullptr);
     const soft::FontMetrics metrics = lined.dc.Metrics();
     const std::int32_t baseline = 3 + metrics.ascent;
     EXPECT_EQ(plain.Ink(), tvok_Rect{});
@@ -121,7 +121,7 @@ TEST(DeviceContextText, UnderlineAndStrikeoutRunAlongTheText) {
 }
 
 TEST(DeviceContextText, ASelectedFontCountsForWhatComesNext) {
-    Canvas canvas(10, 10);
+    DrawnSurface canvas(10, 10);
     const std::int32_t usual = canvas.dc.TextWidth("width");
     canvas.SelectFont(24);
     EXPECT_GT(canvas.dc.TextWidth("width"), usual * 3 / 2);
@@ -131,7 +131,7 @@ TEST(DeviceContextText, ASelectedFontCountsForWhatComesNext) {
 }
 
 TEST(DeviceContextText, TheStockFontFollowsTheThemeWhileItIsSelected) {
-    Canvas canvas(10, 10);
+    DrawnSurface canvas(10, 10);
     const std::int32_t usual = canvas.dc.TextWidth("width");
     Theme large = Theme::Classic();
     large.fontPoints = 18;
@@ -140,12 +140,12 @@ TEST(DeviceContextText, TheStockFontFollowsTheThemeWhileItIsSelected) {
 }
 
 TEST(DeviceContextText, UnderWindowsThePartsAreThoseOfTheWholeText) {
-    Canvas whole(90, 24), parts(90, 24);
+    DrawnSurface whole(90, 24), parts(90, 24);
     soft::Region clip({0, 0, 90, 24});
     clip.Subtract(tvok_Rect{20, 5, 33, 12}).Subtract(tvok_Rect{50, 8, 70, 40});
     parts.dc.Clip(clip);
     const tvok_Rect rect{2, 2, 88, 20};
-    for (Canvas* canvas : {&whole, &parts})
+    for (DrawnSurface* canvas : {&whole, &parts})
         canvas->dc.TextOut(2, 3, flagsOfCells, &rect, "Some words of text", nullptr);
     for (std::int32_t y = 0; y < 24; ++y)
         for (std::int32_t x = 0; x < 90; ++x)
@@ -154,7 +154,7 @@ TEST(DeviceContextText, UnderWindowsThePartsAreThoseOfTheWholeText) {
 }
 
 TEST(DeviceContextText, CoordinatesAtTheEndsOf32BitsAreHarmless) {
-    Canvas canvas(40, 20);
+    DrawnSurface canvas(40, 20);
     canvas.SelectFont(12, true, true);
     const std::int32_t dx[] = {INT32_MAX, INT32_MAX, INT32_MIN, INT32_MAX};
     const tvok_Rect rect{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
@@ -174,7 +174,7 @@ TEST(DeviceContextText, CoordinatesAtTheEndsOf32BitsAreHarmless) {
 
 TEST(DeviceContextText, WarmDrawingAllocatesNothing) {
     if (!CanCountAllocations()) GTEST_SKIP() << "the sanitizer has a heap of its own";
-    Canvas canvas(200, 60);
+    DrawnSurface canvas(200, 60);
     host::LogFont font = soft::DescriptionOf("DejaVu Sans", 12);
     font.lfUnderline = 1;
     const host::Handle lined = canvas.objects.Add(soft::FontOf(font));
@@ -214,7 +214,7 @@ TEST(DeviceContextText, WarmDrawingAllocatesNothing) {
 }
 
 TEST(DeviceContextText, DrawingLeavesNoObjects) {
-    Canvas canvas(50, 20);
+    DrawnSurface canvas(50, 20);
     const std::int32_t before = canvas.objects.LiveObjects();
     for (int i = 0; i < 1000; ++i) {
         const host::Handle brush = canvas.SolidBrush(i), pen = canvas.objects.Add(soft::Pen{});

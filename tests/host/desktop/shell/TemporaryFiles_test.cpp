@@ -6,6 +6,7 @@
 #include <string>
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 namespace tvok::soft {
 namespace {
@@ -21,7 +22,8 @@ protected:
         return files->CreateTemporaryFile(folder.string(), prefix, extension, path);
     }
 
-    const fs::path folder = fs::path(testing::TempDir()) / "tvok_temporary_files_test";
+    const fs::path folder =
+        fs::path(testing::TempDir()) / ("tvok_temporary_files_test" + std::to_string(getpid()));
     std::unique_ptr<host::TemporaryFiles> files = MakeTemporaryFiles();
     std::string path = "as before";
 };

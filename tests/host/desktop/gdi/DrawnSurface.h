@@ -21,8 +21,8 @@ inline soft::TextEngine& PinnedText() {
 inline constexpr std::int32_t black = 0x000000, white = 0xFFFFFF, red = 0x0000FF, green = 0x00FF00,
                               blue = 0xFF0000;
 
-struct Canvas {
-    explicit Canvas(std::int32_t width, std::int32_t height) : surface(width, height) {
+struct DrawnSurface {
+    explicit DrawnSurface(std::int32_t width, std::int32_t height) : surface(width, height) {
         soft::Fill(surface, {0, 0, width, height}, 0xFFFFFF);
         dc.Target(&surface, 0, 0, &damage);
         dc.Clip(soft::Region({0, 0, width, height}));
