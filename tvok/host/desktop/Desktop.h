@@ -23,7 +23,7 @@ class Display;
 class World;
 } // namespace soft
 
-/// What the desktop takes its time from: double clicks, auto-repeat, caret.
+/// What the desktop takes its time from: double clicks and auto-repeat.
 class Clock {
 public:
     virtual ~Clock() = default;
@@ -40,7 +40,9 @@ struct DesktopOptions {
     std::int32_t screenHeight = 1024;
     float scale = 1;      ///< Screen pixels for each pixel of a window, 0.5 to 4.
     std::string fontFile; ///< One font file for every look-up: pixels that do not depend on the machine.
-    std::string language; ///< "en", "tr", …: casing and order of texts; empty for the user's.
+    /// "en", "tr", …: casing and order of texts, and the language of the string resources; empty for the
+    /// user's.
+    std::string language;
     const Clock* clock = nullptr; ///< Null: the machine's. Has to outlive the desktop.
 };
 
