@@ -31,13 +31,23 @@ soft::Window& Inside(const tvok::Form& form, const host::Control& control) {
     return form.window().EntryOf(control).component->window();
 }
 
+/// Of a rectangle on the window's surface, as far as it is on it.
+std::vector<std::uint32_t> PixelsOf(const soft::Window& window, const tvok_Rect& rect) {
+    const soft::Surface& surface = window.top()->surface;
+    const tvok_Rect area = soft::Intersection(rect, soft::BoundsOf(surface));
+    std::vector<std::uint32_t> pixels;
+    for (std::int32_t y = area.Top; y < area.bottom; ++y)
+        pixels.insert(pixels.end(), surface.Row(y) + area.Left, surface.Row(y) + area.Right);
+    return pixels;
+}
+
 } // namespace
 
-TestDesktop::TestDesktop(const Theme& theme) {
+TestDesktop::TestDesktop(const Theme& theme, const char* fontFile) {
     DesktopOptions options;
     options.display = DesktopOptions::Display::Headless;
     options.theme = theme;
-    options.fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    options.fontFile = fontFile;
     options.language = "en";
     options.clock = &clock_;
     desktop_ = std::make_unique<tvok::Desktop>(options);
@@ -170,12 +180,13 @@ std::uint32_t TestDesktop::PixelAt(const host::Control& control, std::int32_t x,
 std::vector<std::uint32_t> TestDesktop::Pixels(const host::Control& control) {
     desktop_->world().Present();
     const soft::Window& window = Inside(*form_, control);
-    const soft::Surface& surface = window.top()->surface;
-    const tvok_Rect area = soft::Intersection(window.clientArea(), soft::BoundsOf(surface));
-    std::vector<std::uint32_t> pixels;
-    for (std::int32_t y = area.Top; y < area.bottom; ++y)
-        pixels.insert(pixels.end(), surface.Row(y) + area.Left, surface.Row(y) + area.Right);
-    return pixels;
+    return PixelsOf(window, window.clientArea());
+}
+
+std::vector<std::uint32_t> TestDesktop::PixelsWithFrame(const host::Control& control) {
+    desktop_->world().Present();
+    const soft::Window& window = Inside(*form_, control);
+    return PixelsOf(window, window.outer());
 }
 
 std::vector<std::string> TestDesktop::Trace(const std::function<void()>& action) {

@@ -30,10 +30,14 @@ struct RosterSetup {
     Placement place{0, 0, 300, 200};
 };
 
+/// The fonts of pictures, by their files: the same pixels on every machine.
+inline constexpr const char* cDejaVuSans = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+inline constexpr const char* cNotoSansCjk = "/usr/share/fonts/opentype/noto/NotoSansCJK-Regular.ttc";
+
 class TestDesktop {
 public:
-    /// DejaVu Sans from its file, English, 1280 x 1024, classic theme, a form of 640 x 480 at (100, 100).
-    explicit TestDesktop(const Theme& theme = Theme::Classic());
+    /// One font for all texts, English, 1280 x 1024, a form of 640 x 480 at (100, 100).
+    explicit TestDesktop(const Theme& theme = Theme::Classic(), const char* fontFile = cDejaVuSans);
     ~TestDesktop();
 
     tvok::Desktop& desktop() { return *desktop_; }
@@ -69,6 +73,8 @@ public:
     std::uint32_t PixelAt(const host::Control& control, std::int32_t x, std::int32_t y); ///< 0x00RRGGBB.
     /// All pixels of the control's client area that are visible, row by row.
     std::vector<std::uint32_t> Pixels(const host::Control& control);
+    /// The same for the whole control, with its frame and scroll bars.
+    std::vector<std::uint32_t> PixelsWithFrame(const host::Control& control);
 
     /// The platform calls that `action` causes, one readable line each.
     std::vector<std::string> Trace(const std::function<void()>& action);
@@ -88,5 +94,7 @@ std::vector<std::int32_t> SelectedItems(const qRoster& roster);
 void ExpectTrace(std::string_view name, const std::vector<std::string>& lines);
 /// The same for pixels and tests/golden/`name`.png; a failure writes the actual picture and the difference.
 void ExpectPicture(std::string_view name, TestDesktop& desktop, const host::Control& control);
+/// The same for the whole control, with its frame and scroll bars.
+void ExpectPictureWithFrame(std::string_view name, TestDesktop& desktop, const host::Control& control);
 
 } // namespace tvok::test

@@ -58,7 +58,12 @@ std::string FirstDifference(const std::vector<std::string>& expected,
            "\n  actual:   " + line(actual);
 }
 
-soft::Surface SurfaceOf(const std::vector<std::uint32_t>& pixels, std::int32_t width, std::int32_t height) {
+const soft::Window& WindowOf(TestDesktop& desktop, const host::Control& control) {
+    return desktop.form().window().EntryOf(control).component->window();
+}
+
+soft::Surface SurfaceOf(const std::vector<std::uint32_t>& pixels, std::int32_t width) {
+    const auto height = static_cast<std::int32_t>(pixels.size()) / std::max(width, 1);
     soft::Surface surface(width, height);
     for (std::int32_t y = 0; y < height; ++y)
         std::copy_n(pixels.begin() + std::ptrdiff_t{y} * width, width, surface.Row(y));
@@ -85,26 +90,7 @@ int Compare(const soft::Image& expected, const soft::Surface& actual, soft::Surf
     return count;
 }
 
-} // namespace
-
-void ExpectTrace(std::string_view name, const std::vector<std::string>& lines) {
-    const fs::path golden = GoldenFile(name, ".trace");
-    if (Updating()) return WriteLines(golden, lines);
-    const auto expected = ReadLines(golden);
-    if (expected && *expected == lines) return;
-    const fs::path actual = OutputFile(name, ".actual.trace");
-    WriteLines(actual, lines);
-    ADD_FAILURE() << (expected ? "the trace differs from " : "there is no ") << golden
-                  << "\nactual: " << actual << '\n'
-                  << (expected ? FirstDifference(*expected, lines) : std::string());
-}
-
-void ExpectPicture(std::string_view name, TestDesktop& desktop, const host::Control& control) {
-    const std::vector<std::uint32_t> pixels = desktop.Pixels(control);
-    const tvok_Rect& area = desktop.form().window().EntryOf(control).component->window().clientArea();
-    const std::int32_t width = area.Right - area.Left;
-    const soft::Surface actual =
-        SurfaceOf(pixels, width, static_cast<std::int32_t>(pixels.size()) / std::max(width, 1));
+void ExpectSurface(std::string_view name, const soft::Surface& actual) {
     const fs::path golden = GoldenFile(name, ".png");
     if (Updating()) {
         fs::create_directories(golden.parent_path());
@@ -128,6 +114,30 @@ void ExpectPicture(std::string_view name, TestDesktop& desktop, const host::Cont
                   << first.x << ", " << first.y << "); sizes " << expected.width << " x " << expected.height
                   << " and " << actual.Width() << " x " << actual.Height() << "\nactual: " << actualFile
                   << "\ndifference: " << differenceFile;
+}
+
+} // namespace
+
+void ExpectTrace(std::string_view name, const std::vector<std::string>& lines) {
+    const fs::path golden = GoldenFile(name, ".trace");
+    if (Updating()) return WriteLines(golden, lines);
+    const auto expected = ReadLines(golden);
+    if (expected && *expected == lines) return;
+    const fs::path actual = OutputFile(name, ".actual.trace");
+    WriteLines(actual, lines);
+    ADD_FAILURE() << (expected ? "the trace differs from " : "there is no ") << golden
+                  << "\nactual: " << actual << '\n'
+                  << (expected ? FirstDifference(*expected, lines) : std::string());
+}
+
+void ExpectPicture(std::string_view name, TestDesktop& desktop, const host::Control& control) {
+    const auto width = soft::WidthOf(WindowOf(desktop, control).clientArea());
+    ExpectSurface(name, SurfaceOf(desktop.Pixels(control), width));
+}
+
+void ExpectPictureWithFrame(std::string_view name, TestDesktop& desktop, const host::Control& control) {
+    const auto width = soft::WidthOf(WindowOf(desktop, control).outer());
+    ExpectSurface(name, SurfaceOf(desktop.PixelsWithFrame(control), width));
 }
 
 } // namespace tvok::test
