@@ -1,6 +1,5 @@
 #include "tvok/host/desktop/windows/InputRouter.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "tvok/host/desktop/windows/FormWindow.h"
@@ -16,7 +15,6 @@ namespace {
 
 constexpr std::chrono::milliseconds kDoubleClick{500};
 constexpr std::int32_t kNotch = 120;
-constexpr std::int32_t kMostNotches = 0x7FFF / kNotch;
 /// From a message of the client area to the one of the frame.
 constexpr std::int32_t kFrameMessages = host::WM_MOUSEMOVE - host::WM_NCMOUSEMOVE;
 
@@ -66,7 +64,7 @@ void InputRouter::MouseUp(desktop::MouseButton button) {
     Feed(Kind::MouseUp, static_cast<std::int32_t>(button));
 }
 void InputRouter::Wheel(std::int32_t notches, bool horizontal) {
-    Feed(Kind::Wheel, std::clamp(notches, -kMostNotches, kMostNotches), horizontal ? 1 : 0);
+    Feed(Kind::Wheel, notches, horizontal ? 1 : 0);
 }
 void InputRouter::KeyDown(std::int32_t virtualKey) {
     Feed(Kind::KeyDown, virtualKey);
@@ -128,11 +126,6 @@ void InputRouter::SetDown(std::int32_t key, bool down) {
     if (key >= 0 && key < 256) down_[static_cast<std::size_t>(key)] = down;
 }
 
-/// Another program gets the way up of keys that are down now; that of buttons still comes here.
-void InputRouter::LetGoKeys() {
-    for (std::int32_t key = host::VK_BACK; key < 256; ++key) SetDown(key, false);
-}
-
 std::int16_t InputRouter::ShiftBits() const {
     return static_cast<std::int16_t>((IsDown(host::VK_SHIFT) ? 1 : 0) | (IsDown(host::VK_CONTROL) ? 2 : 0) |
                                      (IsDown(host::VK_MENU) ? 4 : 0));
@@ -182,7 +175,7 @@ void InputRouter::Mouse(std::int32_t message, std::int32_t highWord) {
     if (!AskMouseHooks(message, hit)) return;
     // A listener may take the capture, and then has the very message that it was asked about.
     if (captured != world_.focus.capture() || !hit.window || !hit.window->IsAlive()) hit = Aim();
-    if (world_.tracker.Active()) {
+    if (world_.tracker.Active() && !IsWheel(message)) {
         if (message == host::WM_MOUSEMOVE) world_.tracker.Move(cursor_);
         if (message == host::WM_LBUTTONUP) world_.tracker.Release();
         return;
@@ -273,7 +266,7 @@ void InputRouter::Window(const InputEvent& event) {
     soft::Window* window = world_.windows.Find(event.window);
     FormWindow* form = window ? world_.FormOf(*window) : nullptr;
     if (event.kind == Kind::Activate) {
-        if (!form) LetGoKeys();
+        if (!form) down_.reset();
         return world_.focus.Activate(form && !world_.TakesInput(form) ? world_.Modal() : form);
     }
     if (!window || !window->IsTopLevel()) return;

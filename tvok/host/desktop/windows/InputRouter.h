@@ -45,7 +45,6 @@ private:
     void Feed(InputEvent::Kind kind, std::int32_t a = 0, std::int32_t b = 0, host::Handle window = 0);
     std::int32_t StateBits() const;
     void SetDown(std::int32_t key, bool down);
-    void LetGoKeys();
     Hit Aim() const;
     void Press(const InputEvent& event);
     void Mouse(std::int32_t message, std::int32_t highWord = 0);

@@ -118,7 +118,7 @@ private:
     void Link(Window& window, Window* parent);
     void Unlink(Window& window);
     void SortTops();
-    void PutBehind(std::vector<Window*>& order, Window& window, host::Handle after) const;
+    void Erase(Window& window, host::PaintStruct& paint);
     void DrawFrame(Window& window);
     void MoveDirtyPart(Window& window, host::Point by, const tvok_Rect& scroll, const tvok_Rect& clip);
 

@@ -168,26 +168,20 @@ void WindowTree::Order(Window& window, host::Handle after) {
     if (!window.alive_) return;
     if (after == host::HWND_TOPMOST) window.exStyle_ |= host::WS_EX_TOPMOST;
     if (after == host::HWND_NOTOPMOST) window.exStyle_ &= ~host::WS_EX_TOPMOST;
-    if (window.parent_)
-        return Rearrange(window, [&] { PutBehind(window.parent_->children_, window, after); });
-    // Each top-level window has pixels of its own, so the order changes nothing of what they show.
-    const auto before = std::ranges::find(tops_, &window) - tops_.begin();
-    PutBehind(tops_, window, after);
-    SortTops();
-    const auto now = std::ranges::find(tops_, &window) - tops_.begin();
-    if (now < before) window.own_->toRaise = true;
-}
-
-void WindowTree::PutBehind(std::vector<Window*>& order, Window& window, host::Handle after) const {
-    std::erase(order, &window);
-    auto place = order.begin();
-    if (after == host::HWND_BOTTOM) {
-        place = order.end();
-    } else if (after > host::HWND_BOTTOM) {
-        place = std::ranges::find(order, Find(after));
-        if (place != order.end()) ++place;
-    }
-    order.insert(place, &window);
+    Rearrange(window, [&] {
+        auto& order = window.parent_ ? window.parent_->children_ : tops_;
+        std::erase(order, &window);
+        auto place = order.begin();
+        if (after == host::HWND_BOTTOM) {
+            place = order.end();
+        } else if (after > host::HWND_BOTTOM) {
+            place = std::find(order.begin(), order.end(), Find(after));
+            if (place != order.end()) ++place;
+        }
+        order.insert(place, &window);
+        SortTops();
+    });
+    if (window.own_ && after != host::HWND_BOTTOM) window.own_->toRaise = true;
 }
 
 bool WindowTree::Reparent(Window& window, Window* parent) {
