@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "tvok/engine/dgi.h"
+#include "tvok/engine/headertext.h"
 #include "tvok/engine/mtvok.h"
 #include "tvok/host/Platform.h"
 #include "tvok/records/numeric.h"
@@ -123,19 +124,6 @@ void DrawIconArea(Cell& cell) {
                                   host::ILD_TRANSPARENT);
 }
 
-// A font is written only where it differs, since a write makes the context look up another font.
-void ApplyFontStyles(const Cell& cell) {
-    if (!cell.state.FontObj) return;
-    host::Font& font = *cell.state.FontObj;
-    const auto want = [&](bool on, bool is, void (host::Font::*write)(bool)) {
-        if (on != is) (font.*write)(on);
-    };
-    want(cell.Has(vflag::Bold), font.Bold(), &host::Font::Bold);
-    want(cell.Has(vflag::Italic), font.Italic(), &host::Font::Italic);
-    want(cell.Has(vflag::Strikethrough), font.Strikethrough(), &host::Font::Strikethrough);
-    want(cell.Has(vflag::Underline), font.Underline(), &host::Font::Underline);
-}
-
 /// Writes texts of one cell, each into a rectangle that it also fills.
 class TextWriter {
 public:
@@ -185,7 +173,7 @@ void WriteTabColumns(const Cell& cell, const TextWriter& writer) {
 void DrawText(Cell& cell) {
     platform().SetBkMode(cell.hDC, host::OPAQUE_BK);
     if (cell.Has(vflag::HostText)) return cell.HostDraws(bExDrawText, cell.text);
-    ApplyFontStyles(cell);
+    if (cell.state.FontObj) ApplyFontStyle(*cell.state.FontObj, cell.item.vflag);
     const TextWriter writer(cell);
     if (cell.state.TabCount == 0) return writer.Write(cell.text, cell.item.text);
     WriteTabColumns(cell, writer);

@@ -1,0 +1,197 @@
+/// `qRosterex`: the list for very many rows. Rows are numbers from 1 in order of arrival; the control keeps
+/// none of them and asks the host, through `EnumDATA`, for each row that it paints.
+///
+/// Rows only come: at the top (`AddItemTop`, newest first) or at the bottom (`AddItemButtom`, oldest first).
+/// The operation that was used last sets the direction of the whole display. A reader who has scrolled away
+/// keeps the place.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "tvok/controls/largelist/BufferFile.h"
+#include "tvok/controls/largelist/HeaderColumns.h"
+#include "tvok/engine/ListState.h"
+#include "tvok/engine/callbacks.h"
+#include "tvok/host/Component.h"
+#include "tvok/host/Hooks.h"
+#include "tvok/host/PropertyBag.h"
+
+namespace tvok {
+
+class qRosterex : public host::Control {
+public:
+    /// Handlers may do anything to the control, also add rows, clear it or throw.
+    struct Events {
+        Event<std::int32_t> Setup; ///< Message 1242 arrived: its first parameter.
+        /// A key that is no navigation key, where the property `KeySeek` is set: code, current row, new row.
+        Event<std::int16_t, std::int32_t, std::int32_t&> KeySeek;
+        /// The current row changed: its number, or with the newest row at the top its place from 0 at the
+        /// top.
+        Event<std::int32_t> Change;
+        Event<std::int32_t> Click;
+        Event<std::int32_t> DblClick;
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseDown;
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseMove;
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseUp;
+        Event<std::int16_t&, std::int16_t&> KeyDown; ///< KeyCode 0 cancels the key.
+        Event<std::int16_t&, std::int16_t&> KeyUp;
+        Event<std::int16_t&> KeyPress;
+        /// A row is painted: its number, and the record of its cache place. Leave the text (cells between tab
+        /// characters), the colours and `vflag` of that row. The record still holds what the last row of that
+        /// place left; it holds this row where `ItemDataEx` equals the number. Always write `vflag`.
+        Event<std::int32_t&, qrosterdata&> EnumDATA;
+        ExDrawEvent ExDraw; ///< For the shape of the interface; never raised.
+    };
+    Events events;
+
+    qRosterex();
+    ~qRosterex() override;
+
+    // Rows.
+
+    void AddItemTop(std::int32_t lBufData = 0);    ///< `lBufData` goes to the row's `FileBufValue`.
+    void AddItemButtom(std::int32_t lBufData = 0); ///< The same at the bottom.
+    std::int32_t Count() const;
+    void Count(std::int32_t rows); ///< Sets the number of rows at once. Below 0: ignored.
+    void Clear();                  ///< Rows that are still pending arrive in the emptied list.
+    bool BufAddItemOnly() const;
+    void
+    BufAddItemOnly(bool on); ///< While set, added rows wait; the next add or `Refresh` after it shows them.
+    std::int16_t ViewMode() const;
+    void ViewMode(std::int16_t mode); ///< 0 newest at the top. The next add sets it anew.
+    qrosterdata DefaultItem() const;
+    std::int32_t FindItem(std::string_view text, bool bSelected = false); ///< Always 0: rows are the host's.
+
+    // One value for each row, in a temporary file.
+
+    void FileBufCreate(std::int32_t lBufSize = 1000); ///< A new file in place of the old. Quiet without one.
+    std::int32_t FileBufValue(std::int32_t Index) const; ///< 0 outside the rows or without a file.
+    void FileBufValue(std::int32_t Index, std::int32_t value);
+
+    // The records that painting reuses.
+
+    std::int32_t CacheSize() const; ///< 128, whatever is written.
+    void CacheSize(std::int32_t size);
+    /// Sets `ItemData` to 0 in the records that hold `Index` there (0: in all), and repaints their rows.
+    void ClearItemData(std::int32_t Index = 0, bool fUpdate = true);
+
+    // Columns.
+
+    void HeaderAdd(std::int16_t Index, std::string_view lText, std::int32_t lWidth = 80,
+                   std::string_view lKey = {}, std::int16_t lAlignment = 0, OLE_COLOR fcolor = cWindowText,
+                   std::int32_t vflag = 0);
+    void HeaderClear();
+    qrosterheader HeaderGet(std::int32_t Index) const;
+    void HeaderSet(std::int32_t Index, const qrosterheader& nValue);
+    std::int32_t HeaderCount() const;
+    void HeaderCount(std::int32_t count);
+    std::string HeaderWidths() const; ///< "120-80-200"
+    void HeaderWidths(std::string_view text);
+    std::int32_t HeaderHeight() const;
+    void HeaderHeight(std::int32_t pixels); ///< 0, the default: no header band. Shows with `Refresh`.
+    std::int32_t HeaderFlag() const;
+    void HeaderFlag(std::int32_t flags); ///< The font style bits of `vflag`, for the whole band.
+
+    // Painting.
+
+    void Refresh();
+    void PaintAll();
+    void DrawItem(std::int32_t Index); ///< A row off the screen costs nothing.
+    bool LockedPaint() const;
+    void LockedPaint(bool on); ///< Turning it off does not repaint.
+
+    // Selection.
+
+    std::int32_t ListIndex() const;
+    void ListIndex(std::int32_t row);
+    std::int32_t MultiSelect() const;
+    void MultiSelect(std::int32_t mode); ///< 0 one row, 1 a range; others are ignored.
+    std::int32_t StartSelected() const;  ///< The smaller end of the range, or the current row.
+    std::int32_t EndSelected() const;
+    void ClearSelected(bool fUpdate = true); ///< Repaints whatever `fUpdate` says.
+    bool HotTrack() const;
+    void HotTrack(bool on);
+    bool KeySeek() const;
+    void KeySeek(bool on);
+    bool MouseDownOnIcon() const;
+    Const_SortedMode SortedMode() const; ///< Never sorted.
+
+    // Looks.
+
+    std::int32_t yn() const; ///< Whole rows on the page.
+    std::int32_t CX_TEXT() const;
+    void CX_TEXT(std::int32_t pixels);
+    std::int32_t ItemHeight() const;
+    void ItemHeight(std::int32_t pixels);
+    std::int32_t GridlineWidth() const;
+    void GridlineWidth(std::int32_t pixels);
+    OLE_COLOR GridlineColor() const;
+    void GridlineColor(OLE_COLOR color); ///< Kept; this list draws its grid in the window text colour.
+    std::int32_t HeadWidthEx() const;
+    void HeadWidthEx(std::int32_t pixels); ///< Kept, without effect here, as the next two.
+    OLE_COLOR HeadExBackColor() const;
+    void HeadExBackColor(OLE_COLOR color);
+    OLE_COLOR HeadExBorderColor() const;
+    void HeadExBorderColor(OLE_COLOR color);
+    bool FixedHeight() const;
+    void FixedHeight(bool on);
+    bool ShowIcon() const;
+    void ShowIcon(bool on);
+    std::int32_t IconCX() const;
+    void IconCX(std::int32_t pixels);
+    std::int32_t IconCY() const;
+    void IconCY(std::int32_t pixels);
+    std::int32_t
+    IconHandle(); ///< Reading it gives 0 and ends the drawing of icons until it is written again.
+    void IconHandle(std::int32_t imageList);
+    OLE_COLOR BackColor() const;
+    void BackColor(OLE_COLOR color);
+    OLE_COLOR SelectedColor() const;
+    void SelectedColor(OLE_COLOR color);
+    OLE_COLOR IconBorderColor() const;
+    void IconBorderColor(OLE_COLOR color);
+    const std::string& ClearText() const;
+    void ClearText(std::string_view text); ///< What an empty list shows.
+    host::FontPtr Font() const;
+    void Font(const host::Font& font);
+    void SetToSystemfont(bool fSetFontSize = true);
+    std::int32_t TextHeight() const;
+    bool FontTransparent() const;
+    void FontTransparent(bool on);
+    std::int16_t Appearance() const;
+    void Appearance(std::int16_t appearance);
+    std::int32_t BorderStyle() const;
+    void BorderStyle(std::int32_t style);
+    const std::string& TmpKey() const;
+    void TmpKey(std::string_view key);
+    const Variant& TmpData() const;
+    void TmpData(const Variant& value);
+
+    // Life cycle and input, called by the component.
+
+    void Initialize(host::Component& component) override;
+    void InitProperties() override;
+    void ReadProperties(host::PropertyBag& bag) override;
+    void WriteProperties(host::PropertyBag& bag) override;
+    void Resize() override;
+    void Paint() override;
+    void Terminate() override;
+    void GotFocus() override;
+    void LostFocus() override;
+    void KeyDown(std::int16_t& keyCode, std::int16_t& shift) override;
+    void KeyPress(std::int16_t& keyAscii) override;
+    void KeyUp(std::int16_t& keyCode, std::int16_t& shift) override;
+    void MouseDown(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+    void MouseMove(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+    void MouseUp(std::int16_t& button, std::int16_t& shift, float& x, float& y) override;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace tvok
