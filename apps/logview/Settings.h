@@ -1,0 +1,29 @@
+/// What the log viewer remembers between runs: the column widths of each kind of log.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace logview {
+
+class Settings {
+public:
+    /// The file in the user's configuration folder; empty where there is none, and then nothing is
+    /// remembered.
+    static std::string DefaultPath();
+
+    /// Reads the file. One that is missing or broken counts as empty.
+    explicit Settings(std::string path);
+
+    std::string Widths(const std::string& kind) const; ///< Empty where none are known.
+    void Widths(const std::string& kind, const std::string& widths);
+    /// Writes the file, folder included, where something changed. Throws `tvok::FileError`.
+    void Save();
+
+private:
+    std::string path_;
+    std::map<std::string, std::string> widths_;
+    bool changed_ = false;
+};
+
+} // namespace logview
