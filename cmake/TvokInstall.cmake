@@ -20,7 +20,8 @@ install(EXPORT tvokTargets NAMESPACE tvok:: DESTINATION ${tvok_config_dir})
 # for programs, which stand in host/desktop itself.
 install(FILES tvok/tvok.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok)
 foreach(folder records engine controls)
-  install(DIRECTORY tvok/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok FILES_MATCHING PATTERN "*.h")
+  install(DIRECTORY tvok/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok FILES_MATCHING PATTERN "*.h"
+    PATTERN "*_impl.h" EXCLUDE)
 endforeach()
 file(GLOB tvok_host_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tvok/host/*.h)
 install(FILES ${tvok_host_headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok/host)

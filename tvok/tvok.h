@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tvok/controls/flatlist/qRoster.h"
+#include "tvok/controls/largelist/qRosterex.h"
 #include "tvok/host/desktop/ControlTypes.h"
 #include "tvok/host/desktop/Desktop.h"
 #include "tvok/host/desktop/Form.h"

@@ -34,21 +34,21 @@ std::vector<std::string> FirstLines(const LogFile& file) {
 Document::Document(const Options& options, std::function<void()> progress)
     : file_(options.file == "-" ? LogFile::Spool(STDIN_FILENO, "standard input")
                                 : LogFile::Open(options.file)),
-      columns_(ChooseColumns(options)), index_(std::make_unique<LineIndex>(file_, std::move(progress))),
+      sample_(FirstLines(*file_)), columns_(ChooseColumns(options)),
+      index_(std::make_unique<LineIndex>(file_, std::move(progress))),
       search_(std::make_unique<logview::Search>(file_)) {}
 
 Columns Document::ChooseColumns(const Options& options) {
-    const std::vector<std::string> lines = FirstLines(*file_);
     logview::Columns columns;
     if (!options.pattern.empty()) {
         columns = Columns::ByPattern(options.pattern);
     } else if (!options.delimiter.empty()) {
         const char delimiter = options.delimiter == "tab" ? '\t' : options.delimiter.front();
-        const std::string first = lines.empty() ? std::string() : lines.front();
+        const std::string first = sample_.empty() ? std::string() : sample_.front();
         columns = Columns::ByDelimiter(
             delimiter, 1 + static_cast<std::size_t>(std::count(first.begin(), first.end(), delimiter)));
     } else {
-        columns = Columns::Guess(lines);
+        columns = Columns::Guess(sample_);
         headerLines_ = columns.FirstLineIsHeader() ? 1 : 0;
     }
     if (!options.columnNames.empty()) {

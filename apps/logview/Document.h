@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "apps/logview/Columns.h"
 #include "apps/logview/LineIndex.h"
@@ -26,6 +27,9 @@ public:
     logview::Search& Search() { return *search_; }
     const logview::Columns& Columns() const { return columns_; }
 
+    /// The first lines, as they stood when the log was opened.
+    const std::vector<std::string>& Sample() const { return sample_; }
+
     /// Rows known so far: at most 2,147,483,647; what comes after them is not shown.
     std::int32_t Rows() const;
     std::string Text(std::int32_t row) const;
@@ -40,6 +44,7 @@ private:
     logview::Columns ChooseColumns(const Options& options);
 
     std::shared_ptr<LogFile> file_;
+    std::vector<std::string> sample_;
     std::uint64_t headerLines_ = 0;
     logview::Columns columns_;
     std::unique_ptr<LineIndex> index_;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr auto cLookEvery = std::chrono::milliseconds(150);
 constexpr std::int32_t cMostRowsOneByOne = 20000;
-constexpr std::int32_t cReady = 1;          // `ItemData` of a record whose text is that of its row
+constexpr std::int32_t cReady = 1;           // `ItemData` of a record whose text is that of its row
 constexpr std::int32_t cSwatch = 0x00001000; // the list's bit for a colour swatch in the icon column
 
 } // namespace
@@ -25,6 +25,7 @@ Viewer::Viewer(tvok::Desktop& desktop, const Options& options, Settings& setting
     lineBox_ = &form_->Add<tvok::TextBox>("line", {372, 6, 110, 22});
     list_->BorderStyle(0);
     list_->MultiSelect(1);
+    list_->GridlineWidth(0);
     list_->ItemHeight(18);
     list_->HeaderHeight(22);
     list_->CX_TEXT(16);
@@ -40,7 +41,9 @@ Viewer::Viewer(tvok::Desktop& desktop, const Options& options, Settings& setting
     form_->ComponentOf(*list_).SetFocus();
 }
 
-Viewer::~Viewer() { *alive_ = false; }
+Viewer::~Viewer() {
+    *alive_ = false;
+}
 
 void Viewer::OpenDocument() {
     const auto progress = [this, alive = std::weak_ptr(alive_)] {
@@ -96,8 +99,11 @@ void Viewer::TakeProgress() {
     ShowRows();
     if (!document_->Index().IsBusy()) {
         if (const std::string error = document_->Index().Error(); !error.empty()) Say(error);
-        if (!indexed_) startRows_ = shownRows_;
-        indexed_ = true;
+        if (!indexed_) {
+            indexed_ = true;
+            startRows_ = shownRows_;
+            GoToStart();
+        }
     }
     InvalidateStatus();
 }
@@ -127,7 +133,9 @@ void Viewer::AddRows(std::int32_t rows) {
     }
 }
 
-std::int32_t Viewer::NewLinesUnseen() const { return shownRows_ - std::max(seenRow_, startRows_); }
+std::int32_t Viewer::NewLinesUnseen() const {
+    return shownRows_ - std::max(seenRow_, startRows_);
+}
 
 // Rows.
 

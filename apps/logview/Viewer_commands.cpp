@@ -1,4 +1,5 @@
 // What the viewer does on keys: finding, going, marking, copying, following.
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <thread>
@@ -55,6 +56,12 @@ void Viewer::GoTo(std::int32_t row) {
     InvalidateStatus();
 }
 
+void Viewer::GoToStart() {
+    if (options_.line > 0) GoTo(std::min(options_.line, shownRows_));
+    if (!options_.find.empty()) findBox_->Text(options_.find);
+    options_.line = 0; // a file that is read anew starts at its beginning
+}
+
 void Viewer::GoToLine() {
     const std::string& text = lineBox_->Text();
     std::int32_t row = 0;
@@ -78,12 +85,13 @@ void Viewer::Find(Search::Direction direction, bool live) {
     if (live) from = liveFrom_ = std::min(liveFrom_ == 0 ? from : liveFrom_, from);
     if (!live) liveFrom_ = 0;
     Say("looking for \"" + text + "\" ...");
-    document_->Search().Start(text, from, direction,
-                              [this, text, alive = std::weak_ptr(alive_)](std::optional<std::uint64_t> offset) {
-                                  desktop_.Post([this, text, alive, offset] {
-                                      if (const auto flag = alive.lock(); flag && *flag) ShowFound(offset, text);
-                                  });
-                              });
+    document_->Search().Start(
+        text, from, direction,
+        [this, text, alive = std::weak_ptr(alive_)](std::optional<std::uint64_t> offset) {
+            desktop_.Post([this, text, alive, offset] {
+                if (const auto flag = alive.lock(); flag && *flag) ShowFound(offset, text);
+            });
+        });
 }
 
 void Viewer::ShowFound(std::optional<std::uint64_t> offset, const std::string& text) {
@@ -164,6 +172,7 @@ std::vector<std::string> Viewer::WritePictures(const std::string& folder) {
     desktop_.Input().KeyUp(tvok::host::VK_SHIFT);
     picture("3-range");
     GoTo(1);
+    findBox_->Text({});
     findBox_->Text(options_.find.empty() ? "error" : options_.find);
     picture("4-found");
     return files;

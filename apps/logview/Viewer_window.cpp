@@ -2,9 +2,13 @@
 #include "apps/logview/Viewer.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <iterator>
 
 #include "apps/logview/colors.h"
 #include "tvok/engine/dgi.h"
+#include "tvok/host/Services.h"
+#include "tvok/records/text.h"
 
 namespace logview {
 
@@ -14,7 +18,11 @@ constexpr std::int32_t cToolHeight = 34;
 constexpr std::int32_t cStatusHeight = 24;
 constexpr std::int32_t cProgressWidth = 160;
 constexpr std::int32_t cMargin = 8;
-constexpr std::int32_t cCenteredLine = tvok::host::DT_VCENTER | tvok::host::DT_SINGLELINE | tvok::host::DT_NOPREFIX;
+constexpr std::int32_t cCellSpace = 14;
+constexpr std::int32_t cWidestColumn = 420;
+constexpr std::int32_t cLastColumn = 1600;
+constexpr std::int32_t cCenteredLine =
+    tvok::host::DT_VCENTER | tvok::host::DT_SINGLELINE | tvok::host::DT_NOPREFIX;
 
 std::string Grouped(std::uint64_t number) {
     std::string text = std::to_string(number);
@@ -65,12 +73,23 @@ void Viewer::PlaceControls() {
     tvok::host::platform().InvalidateRect(form_->hWnd(), nullptr, true);
 }
 
+std::int32_t Viewer::FittingWidth(std::size_t column) const {
+    const tvok::host::Component& component = form_->ComponentOf(*list_);
+    const float perPixel = tvok::host::services().Screen().TwipsPerPixelX();
+    float widest = component.TextWidth(document_->Columns().Names()[column]);
+    for (const std::string& line : document_->Sample()) {
+        const std::string cells = document_->Columns().Cells(line);
+        const auto parts = tvok::Split(cells, '\t');
+        if (column < parts.size()) widest = std::max(widest, component.TextWidth(parts[column]));
+    }
+    const auto width = static_cast<std::int32_t>(widest / perPixel) + cCellSpace;
+    return std::min(width + (column == 0 ? list_->CX_TEXT() : 0), cWidestColumn);
+}
+
 void Viewer::MakeColumns() {
     const std::vector<std::string>& names = document_->Columns().Names();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        const bool last = i + 1 == names.size();
-        list_->HeaderAdd(0, names[i], last ? 1600 : 150);
-    }
+    for (std::size_t i = 0; i < names.size(); ++i)
+        list_->HeaderAdd(0, names[i], i + 1 == names.size() ? cLastColumn : FittingWidth(i));
     list_->HeaderWidths(settings_.Widths(document_->Columns().Describe()));
     list_->Refresh();
 }
@@ -86,7 +105,8 @@ void Viewer::InvalidateStatus() {
 }
 
 std::string Viewer::StatusText() const {
-    std::string text = Grouped(static_cast<std::uint64_t>(shownRows_)) + " lines, " + Bytes(document_->File().Size());
+    std::string text =
+        Grouped(static_cast<std::uint64_t>(shownRows_)) + " lines, " + Bytes(document_->File().Size());
     const std::int32_t first = list_->StartSelected();
     const std::int32_t last = list_->EndSelected();
     if (first > 0 && first == last) text += ", line " + Grouped(static_cast<std::uint64_t>(first));

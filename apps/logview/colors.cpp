@@ -29,7 +29,11 @@ tvok::OLE_COLOR Of(Severity severity) {
     return tvok::cWindowText;
 }
 
-tvok::OLE_COLOR Mark() { return Rgb(240, 140, 0); }
-tvok::OLE_COLOR Progress() { return tvok::cHighlight; }
+tvok::OLE_COLOR Mark() {
+    return Rgb(240, 140, 0);
+}
+tvok::OLE_COLOR Progress() {
+    return tvok::cHighlight;
+}
 
 } // namespace logview::colors

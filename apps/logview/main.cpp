@@ -23,7 +23,8 @@ int Run(const logview::Options& options) {
     logview::Settings settings(logview::Settings::DefaultPath());
     logview::Viewer viewer(desktop, options, settings);
     if (pictures) {
-        for (const std::string& file : viewer.WritePictures(options.headlessFolder)) std::printf("%s\n", file.c_str());
+        for (const std::string& file : viewer.WritePictures(options.headlessFolder))
+            std::printf("%s\n", file.c_str());
         return 0;
     }
     while (viewer.IsOpen() && desktop.ProcessEvents(cTurn)) viewer.Turn();

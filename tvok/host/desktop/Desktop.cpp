@@ -5,6 +5,7 @@
 
 #include "tvok/host/desktop/Form.h"
 #include "tvok/host/desktop/pixels/Png.h"
+#include "tvok/host/desktop/shell/Clipboard.h"
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/World.h"
 #include "tvok/records/Error.h"
@@ -123,6 +124,14 @@ void Desktop::SaveForm(const Form& form, const std::string& pngFile) {
     const soft::TopLevel* top = form.window().window().top();
     if (!top) throw ObjectError("the form is closed");
     soft::WritePng(pngFile, top->surface);
+}
+
+std::string Desktop::ClipboardText() const {
+    return soft::clipboard().Text();
+}
+
+void Desktop::ClipboardText(std::string_view text) {
+    soft::clipboard().Text(text);
 }
 
 desktop::Input& Desktop::Input() {

@@ -87,6 +87,10 @@ public:
     void SaveScreen(const std::string& pngFile);
     void SaveForm(const Form& form, const std::string& pngFile);
 
+    /// The user's clipboard, as UTF-8; a headless desktop has one of its own.
+    std::string ClipboardText() const;
+    void ClipboardText(std::string_view text);
+
     /// Input as if from a user: what tests and other displays feed.
     desktop::Input& Input();
     /// Passes every platform call through `platform` instead of the desktop's own, for traces. Null: the own
