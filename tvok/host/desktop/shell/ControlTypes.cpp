@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tvok/controls/flatlist/qRoster.h"
+#include "tvok/controls/largelist/qRosterex.h"
 #include "tvok/host/desktop/TextBox.h"
 
 namespace tvok {
@@ -21,8 +22,8 @@ ControlType TypeOf() {
 }
 
 std::map<std::string, ControlType>& Types() {
-    static std::map<std::string, ControlType> types{{"qRoster", TypeOf<qRoster>()},
-                                                    {"TextBox", TypeOf<TextBox>()}};
+    static std::map<std::string, ControlType> types{
+        {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()}, {"TextBox", TypeOf<TextBox>()}};
     return types;
 }
 
