@@ -87,6 +87,33 @@ TEST(Event, LetsWhatItsHandlerThrowsThrough) {
     EXPECT_TRUE(event);
 }
 
+TEST(RunningEvent, CountsTheEventsThatAreBeingRaised) {
+    Event<> inner;
+    Event<> outer;
+    int deepest = 0;
+    inner = [&] { deepest = RunningEvent::Count(); };
+    outer = [&] {
+        inner();
+        EXPECT_EQ(RunningEvent::Count(), 1);
+        throw 1;
+    };
+    EXPECT_THROW(outer(), int);
+    EXPECT_EQ(deepest, 2);
+    EXPECT_EQ(RunningEvent::Count(), 0);
+}
+
+TEST(FirstError, RunsEveryStatementAndThrowsWhatWasThrownFirst) {
+    std::string done;
+    FirstError failed;
+    failed.Try([&] { done += "a"; });
+    failed.Try([&] { throw 1; });
+    failed.Try([&] { throw std::string("second"); });
+    failed.Try([&] { done += "d"; });
+    EXPECT_THROW(failed.Rethrow(), int);
+    EXPECT_EQ(done, "ad");
+    EXPECT_NO_THROW(failed.Rethrow());
+}
+
 TEST(Quietly, EndsOnlyTheStatementThatThrows) {
     std::string done;
     quietly([&] { done += "a"; }, [&] { throw 1; }, [&] { done += "c"; });

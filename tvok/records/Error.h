@@ -1,8 +1,10 @@
 /// The errors that reach a host, and the quiet region that keeps them from it.
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tvok {
 
@@ -68,5 +70,25 @@ void quietly(Statements&&... statements) {
     };
     (run(statements), ...);
 }
+
+/// For statements that all have to run although one throws: keeps what was thrown first until `Rethrow`.
+class FirstError {
+public:
+    template<class Statement>
+    void Try(Statement&& statement) {
+        try {
+            statement();
+        } catch (...) {
+            if (!first_) first_ = std::current_exception();
+        }
+    }
+    /// Throws what was kept, if anything was. Has to end the statements.
+    void Rethrow() {
+        if (first_) std::rethrow_exception(std::exchange(first_, nullptr));
+    }
+
+private:
+    std::exception_ptr first_;
+};
 
 } // namespace tvok

@@ -9,6 +9,21 @@
 
 namespace tvok {
 
+/// Events that are being raised on this thread, one inside the other. While there is one, whoever raised it
+/// is still on the stack: a host frees nothing then that might be it.
+class RunningEvent {
+public:
+    RunningEvent() { ++count_; }
+    ~RunningEvent() { --count_; }
+    RunningEvent(const RunningEvent&) = delete;
+    RunningEvent& operator=(const RunningEvent&) = delete;
+
+    static int Count() { return count_; }
+
+private:
+    static inline thread_local int count_ = 0;
+};
+
 /// Raised synchronously on the caller's stack. A handler may replace or drop itself while it runs: the
 /// running callable lives until it returns. What a handler throws passes through to whoever raised the event.
 template<class... Args>
@@ -35,8 +50,9 @@ public:
 
     void operator()(Args... args) const {
         if (!*this) return;
-        const auto running = handler_;
-        (*running)(std::forward<Args>(args)...);
+        const auto handler = handler_;
+        const RunningEvent running;
+        (*handler)(std::forward<Args>(args)...);
     }
 
 private:
