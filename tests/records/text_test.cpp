@@ -72,6 +72,26 @@ TEST(NextCharacter, DoesNotTakeTheCharacterBehindACutOne) {
     EXPECT_THAT(CharactersOf("\xE2\x82"), ElementsAre(0xFFFD, 0xFFFD));
 }
 
+TEST(AppendCharacter, WritesOneToFourBytesThatReadBackAsTheSame) {
+    for (const char32_t character : {U'\0', U'a', U'\x7F', U'\x80', U'\u07FF', U'\u0800', U'\uD7FF',
+                                     U'\uE000', U'\uFFFF', U'\U00010000', U'\U0010FFFF'}) {
+        std::string text;
+        AppendCharacter(text, character);
+        EXPECT_THAT(CharactersOf(text), ElementsAre(character));
+    }
+    std::string text = "a";
+    AppendCharacter(text, U'\U0001F600');
+    EXPECT_EQ(text, "a\xF0\x9F\x98\x80");
+}
+
+TEST(AppendCharacter, WritesAReplacementForWhatIsNoCharacter) {
+    for (const char32_t number : {0xD800u, 0xDFFFu, 0x110000u, 0xFFFFFFFFu}) {
+        std::string text;
+        AppendCharacter(text, number);
+        EXPECT_EQ(text, "\xEF\xBF\xBD");
+    }
+}
+
 TEST(NextCharacter, WalksThroughAnyBytesToTheEnd) {
     std::mt19937 random(2);
     for (int round = 0; round < 2000; ++round) {

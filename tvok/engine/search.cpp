@@ -63,15 +63,6 @@ private:
     bool plain_;
 };
 
-std::string Utf8(std::int32_t character) {
-    const auto tail = [&](int shift) { return static_cast<char>(0x80 | (character >> shift & 0x3F)); };
-    if (character < 0 || character > 0x10FFFF || (character & ~0x7FF) == 0xD800) return {};
-    if (character < 0x80) return {static_cast<char>(character)};
-    if (character < 0x800) return {static_cast<char>(0xC0 | character >> 6), tail(0)};
-    if (character < 0x10000) return {static_cast<char>(0xE0 | character >> 12), tail(6), tail(0)};
-    return {static_cast<char>(0xF0 | character >> 18), tail(12), tail(6), tail(0)};
-}
-
 std::string TrimmedUpper(std::string_view text) {
     return UpperCaseMatch::Language().UpperCase(Trim(text));
 }
@@ -93,8 +84,9 @@ std::int32_t FoundOrBeyond(std::int32_t found, const ListState& state) {
 
 std::int32_t SeekItemChar(std::int32_t key, const ListState& state, const ItemSlots& items,
                           const IndexArray& indexes) {
-    const auto character = Utf8(key);
-    if (character.empty()) return 0;
+    if (!IsCharacter(static_cast<char32_t>(key))) return 0;
+    std::string character;
+    AppendCharacter(character, static_cast<char32_t>(key));
     const UpperCaseMatch wanted(UpperCaseMatch::Language().UpperCase(character));
     const auto matches = [&](std::string_view text) {
         return !text.empty() && wanted.Whole(FirstCharacters(text, 1));

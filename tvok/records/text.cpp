@@ -28,10 +28,6 @@ Lead ReadLead(unsigned byte) {
     return {0, 0, 0};
 }
 
-bool IsScalar(char32_t character) {
-    return character <= 0x10FFFF && (character < 0xD800 || character > 0xDFFF);
-}
-
 } // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -68,9 +64,32 @@ char32_t NextCharacter(std::string_view text, std::size_t& place) {
         if (!IsContinuation(text, start + i)) return kReplacement;
         character = character << 6 | (ByteAt(text, start + i) & 0x3F);
     }
-    if (character < lead.lowest || !IsScalar(character)) return kReplacement;
+    if (character < lead.lowest || !IsCharacter(character)) return kReplacement;
     place = start + lead.length;
     return character;
+}
+
+bool IsCharacter(char32_t number) {
+    return number <= 0x10FFFF && (number < 0xD800 || number > 0xDFFF);
+}
+
+void AppendCharacter(std::string& text, char32_t character) {
+    const auto append = [&](char32_t byte) { text.push_back(static_cast<char>(byte)); };
+    const auto appendTail = [&](int shift) { append(0x80 | (character >> shift & 0x3F)); };
+    if (!IsCharacter(character)) character = kReplacement;
+    if (character < 0x80) return append(character);
+    if (character < 0x800) {
+        append(0xC0 | character >> 6);
+    } else {
+        if (character < 0x10000) {
+            append(0xE0 | character >> 12);
+        } else {
+            append(0xF0 | character >> 18);
+            appendTail(12);
+        }
+        appendTail(6);
+    }
+    appendTail(0);
 }
 
 std::size_t CharacterCount(std::string_view text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -27,6 +28,12 @@ private:
 /// Decodes the character at `place` and moves `place` behind it. Bytes that are not UTF-8 give U+FFFD, one
 /// byte at a time. `place` is below the size.
 char32_t NextCharacter(std::string_view text, std::size_t& place);
+
+/// Whether a number is a character: no surrogate half and nothing beyond U+10FFFF.
+bool IsCharacter(char32_t number);
+
+/// Appends a character in UTF-8. What is no character is appended as U+FFFD.
+void AppendCharacter(std::string& text, char32_t character);
 
 /// Number of characters.
 std::size_t CharacterCount(std::string_view text);

@@ -4,7 +4,6 @@
 
 #include <unicode/ubrk.h>
 #include <unicode/utext.h>
-#include <unicode/utf8.h>
 
 #include "tvok/records/Error.h"
 #include "tvok/records/text.h"
@@ -21,14 +20,6 @@ bool IsControl(char32_t character) {
 }
 
 } // namespace
-
-void AppendCharacter(std::string& text, char32_t character) {
-    if (character > 0x10FFFF || (character >= 0xD800 && character < 0xE000)) character = 0xFFFD;
-    char bytes[U8_MAX_LENGTH];
-    std::int32_t size = 0;
-    U8_APPEND_UNSAFE(bytes, size, static_cast<UChar32>(character));
-    text.append(bytes, static_cast<std::size_t>(size));
-}
 
 std::string EditText::Clean(std::string_view text) {
     std::string clean;

@@ -80,7 +80,4 @@ private:
     Breaks words_;
 };
 
-/// Appends a character as UTF-8; what is no character as U+FFFD.
-void AppendCharacter(std::string& text, char32_t character);
-
 } // namespace tvok::soft

@@ -1,7 +1,6 @@
 #include <charconv>
 #include <cstdlib>
 
-#include "tvok/host/desktop/shell/EditText.h"
 #include "tvok/host/desktop/shell/FormFile.h"
 #include "tvok/records/text.h"
 

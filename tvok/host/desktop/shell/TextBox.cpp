@@ -336,7 +336,7 @@ void TextBox::KeyPress(std::int16_t& keyAscii) {
     if (first != 0 && unit >= 0xDC00 && unit < 0xE000)
         character = 0x10000u + ((first - 0xD800u) << 10) + (unit - 0xDC00u);
     std::string typed;
-    soft::AppendCharacter(typed, character);
+    AppendCharacter(typed, character);
     Changed(text_->Insert(typed));
 }
 
