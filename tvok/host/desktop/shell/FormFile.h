@@ -26,8 +26,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tvok/host/MemoryBag.h"
 #include "tvok/host/desktop/Form.h"
-#include "tvok/host/desktop/shell/MemoryBag.h"
 
 namespace tvok::soft {
 
@@ -35,7 +35,7 @@ struct FormFileControl {
     std::string type; ///< As registered.
     std::string name;
     Placement place;
-    MemoryBag settings;
+    host::MemoryBag settings;
 };
 
 struct FormFile {

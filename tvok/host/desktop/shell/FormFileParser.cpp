@@ -30,11 +30,11 @@ public:
                        const host::PropertyValue& defaultValue) override {
         keys.insert_or_assign(std::string(name), defaultValue);
     }
-    MemoryBag::Values keys;
+    host::MemoryBag::Values keys;
 };
 
 /// The keys that a control of this type reads or writes, with their defaults.
-MemoryBag::Values KeysOf(const std::string& type) {
+host::MemoryBag::Values KeysOf(const std::string& type) {
     KeyRecorder recorder;
     const auto control = MakeControl(type);
     ProbeComponent probe(*control, &recorder);
@@ -72,12 +72,12 @@ private:
     void ParseControls(const Table& root, FormFile& file);
     FormFileControl ParseControl(const Table& table);
     Placement ParsePlace(const Table& table) const;
-    MemoryBag ParseSettings(const Table& table, const std::string& type);
+    host::MemoryBag ParseSettings(const Table& table, const std::string& type);
 
     std::string_view text_;
     const std::string& fileName_;
     std::set<std::string> names_;
-    std::map<std::string, MemoryBag::Values> keys_; ///< Of the types met so far.
+    std::map<std::string, host::MemoryBag::Values> keys_; ///< Of the types met so far.
 };
 
 void Parser::Fail(const toml::source_position& place, const std::string& what) const {
@@ -123,7 +123,7 @@ host::PropertyValue Parser::Value(const Table& table, std::string_view key,
         if (!std::isfinite(value)) Fail(table, key, "is not a number that can be used");
         return value;
     }
-    Fail(table, key, "is not " + std::string(KindOf(like)));
+    Fail(table, key, "is not " + std::string(host::KindOf(like)));
 }
 
 std::string Parser::Text(const Table& table, std::string_view key) const {
@@ -224,10 +224,10 @@ Placement Parser::ParsePlace(const Table& table) const {
     return place;
 }
 
-MemoryBag Parser::ParseSettings(const Table& table, const std::string& type) {
+host::MemoryBag Parser::ParseSettings(const Table& table, const std::string& type) {
     if (!keys_.contains(type)) keys_.emplace(type, KeysOf(type));
-    const MemoryBag::Values& known = keys_.at(type);
-    MemoryBag bag;
+    const host::MemoryBag::Values& known = keys_.at(type);
+    host::MemoryBag bag;
     for (const auto& [key, node] : table.table) {
         const auto like = known.find(key.str());
         if (like == known.end()) Fail(table, key.str(), "is not a setting of " + type);

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "tvok/host/MemoryBag.h"
 #include "tvok/host/desktop/gdi/Frames.h"
-#include "tvok/host/desktop/shell/MemoryBag.h"
 #include "tvok/host/desktop/windows/World.h"
 #include "tvok/records/Error.h"
 
@@ -64,7 +64,7 @@ void FormWindow::Adopt(std::string_view name, const tvok_Rect& rect, std::unique
     host::Control& adopted = *control;
     world_.windows.Order(made.window(), host::HWND_BOTTOM);
     entries_.push_back({std::string(name), std::move(component), std::move(control)});
-    MemoryBag empty;
+    host::MemoryBag empty;
     try {
         made.BringUp(settings || !userMode ? settings : &empty);
     } catch (...) {

@@ -1,10 +1,10 @@
-#include "tvok/host/desktop/shell/MemoryBag.h"
+#include "tvok/host/MemoryBag.h"
 
 #include <gmock/gmock.h>
 
 #include "tvok/records/Error.h"
 
-namespace tvok::soft {
+namespace tvok::host {
 namespace {
 
 using host::FontValue;
@@ -58,4 +58,4 @@ TEST(MemoryBag, AnotherTypeIsAnErrorThatNamesTheKey) {
 }
 
 } // namespace
-} // namespace tvok::soft
+} // namespace tvok::host
