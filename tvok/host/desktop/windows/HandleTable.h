@@ -1,7 +1,9 @@
 /// Numbers that name objects and name nothing once the object is gone.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 #include "tvok/host/constants.h"
@@ -9,8 +11,9 @@
 
 namespace tvok::soft {
 
-/// A handle is a tag, a count of how often its slot was used, and the slot. Up to 65,535 objects live at a
-/// time.
+/// A handle is a tag, a count of how often its slot was used, and the slot. The slot that was freed longest
+/// ago is used first, and some always lie free in between: a stale handle names nothing for half a million
+/// uses. Up to 65,535 objects live at a time.
 template<class T>
 class HandleTable {
 public:
@@ -40,6 +43,7 @@ private:
         std::uint32_t uses = 0;
     };
     static constexpr std::uint32_t kUseMask = 0xFFF;
+    static constexpr std::size_t kFewestFree = 128; ///< Before one is used again.
 
     static std::uint32_t SlotOf(host::Handle handle) { return static_cast<std::uint32_t>(handle) & 0xFFFF; }
     host::Handle HandleOf(std::uint32_t slot) const {
@@ -47,19 +51,20 @@ private:
                                          slot);
     }
     std::uint32_t FreeSlot() {
-        if (!free_.empty()) {
-            const std::uint32_t slot = free_.back();
-            free_.pop_back();
+        const bool full = slots_.size() > 0xFFFF;
+        if (free_.size() >= kFewestFree || (full && !free_.empty())) {
+            const std::uint32_t slot = free_.front();
+            free_.pop_front();
             return slot;
         }
-        if (slots_.size() > 0xFFFF) throw ResourceError("too many windows: close some");
+        if (full) throw ResourceError("too many windows: close some");
         slots_.emplace_back();
         return static_cast<std::uint32_t>(slots_.size() - 1);
     }
 
     std::int32_t tag_;
     std::vector<Slot> slots_;
-    std::vector<std::uint32_t> free_;
+    std::deque<std::uint32_t> free_; ///< The one that was freed longest ago first.
 };
 
 } // namespace tvok::soft
