@@ -171,10 +171,11 @@ bool InputRouter::IsSecondPress(std::int32_t button, const Hit& hit, std::chrono
 
 void InputRouter::Mouse(std::int32_t message, std::int32_t highWord) {
     Hit hit = Aim();
+    const host::Handle aimedAt = hit.window ? hit.window->handle() : 0; // a listener may free the window
     const host::Handle captured = world_.focus.capture();
     if (!AskMouseHooks(message, hit)) return;
     // A listener may take the capture, and then has the very message that it was asked about.
-    if (captured != world_.focus.capture() || !hit.window || !hit.window->IsAlive()) hit = Aim();
+    if (captured != world_.focus.capture() || !world_.windows.Find(aimedAt)) hit = Aim();
     if (world_.tracker.Active() && !IsWheel(message)) {
         if (message == host::WM_MOUSEMOVE) world_.tracker.Move(cursor_);
         if (message == host::WM_LBUTTONUP) world_.tracker.Release();
