@@ -4,6 +4,7 @@
 
 #include "tvok/host/desktop/windows/SoftHooks.h"
 #include "tvok/host/desktop/windows/World.h"
+#include "tvok/records/Error.h"
 
 namespace tvok::soft {
 
@@ -35,7 +36,8 @@ void ScrollTracker::Press(Window& window, Bar bar, host::Point screen) {
     const BarLayout layout = bars->Layout(bar);
     const BarPart part = layout.PartAt(bars->Along(bar, point));
     if (part == BarPart::None) return;
-    world_.focus.Capture(window.handle(), FocusManager::CaptureKind::Tracking);
+    if (!TakeCapture(window.handle())) return;
+    bars = window.bars();
     hWnd_ = window.handle();
     bar_ = bar;
     part_ = part;
@@ -49,6 +51,20 @@ void ScrollTracker::Press(Window& window, Bar bar, host::Point screen) {
     }
     ShowPressed(part);
     Step();
+}
+
+/// False where the window, its bars or the capture are gone again: who lost the capture was told.
+bool ScrollTracker::TakeCapture(host::Handle hWnd) {
+    try {
+        world_.focus.Capture(hWnd, FocusManager::CaptureKind::Tracking);
+    } catch (...) {
+        world_.focus.DropCapture(hWnd);
+        throw;
+    }
+    const Window* window = world_.windows.Find(hWnd);
+    if (!window || world_.focus.capture() != hWnd) return false;
+    if (!window->bars()) world_.focus.DropCapture(hWnd);
+    return window->bars() != nullptr;
 }
 
 BarPart ScrollTracker::PartUnder() const {
@@ -78,9 +94,11 @@ void ScrollTracker::Release() {
     const bool dragged = part_ == BarPart::Thumb;
     ShowPressed(BarPart::None);
     Stop();
-    if (world_.focus.capture() == hWnd) world_.focus.ReleaseCapture();
+    FirstError failed;
+    if (world_.focus.capture() == hWnd) failed.Try([&] { world_.focus.ReleaseCapture(); });
     const Window* window = world_.windows.Find(hWnd);
-    if (dragged && window && window->bars()) window->bars()->hook().EndDrag(bar);
+    if (dragged && window && window->bars()) failed.Try([&] { window->bars()->hook().EndDrag(bar); });
+    failed.Rethrow();
 }
 
 void ScrollTracker::CaptureLost() {

@@ -35,6 +35,7 @@ public:
 private:
     ScrollBars* Bars() const; ///< Null, and no longer active, when they are gone.
     host::Point OnSurface(const Window& window, host::Point screen) const;
+    bool TakeCapture(host::Handle hWnd);
     BarPart PartUnder() const;
     void Step();
     void ShowPressed(BarPart part);
