@@ -7,9 +7,18 @@ namespace tvok::soft {
 using host::Handle;
 
 DeviceContext::DeviceContext(GdiObjects& objects, TextEngine& text) : objects_(objects), text_(text) {
-    Select(objects.Stock(host::BLACK_PEN));
-    Select(objects.Stock(host::WHITE_BRUSH));
-    Select(objects.Stock(host::SYSTEM_FONT));
+    Reset();
+}
+
+void DeviceContext::Reset() {
+    for (const std::int32_t index : {host::BLACK_PEN, host::WHITE_BRUSH, host::SYSTEM_FONT})
+        Select(objects_.Stock(index));
+    textColor_ = 0;
+    bkColor_ = 0xFFFFFF;
+    bkMode_ = host::OPAQUE_BK;
+    textAlign_ = host::TA_LEFT;
+    rop2_ = host::R2_COPYPEN;
+    position_ = {};
 }
 
 DeviceContext::~DeviceContext() {

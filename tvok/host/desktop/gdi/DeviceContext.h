@@ -28,6 +28,9 @@ public:
     DeviceContext(const DeviceContext&) = delete;
     DeviceContext& operator=(const DeviceContext&) = delete;
 
+    /// As it started: objects, colours, modes and position. Target and clip stay.
+    void Reset();
+
     /// Where drawing goes. A null surface draws nothing. `damage` may be null.
     void Target(Surface* surface, std::int32_t originX, std::int32_t originY, Damage* damage);
     /// The pixels that may be touched, within the surface. Changed whenever windows move or a paint begins.
@@ -138,11 +141,11 @@ private:
     std::int32_t tabWidth_ = 0;
     bool underline_ = false;
     bool strikeout_ = false;
-    std::int32_t textColor_ = 0;
-    std::int32_t bkColor_ = 0xFFFFFF;
-    std::int32_t bkMode_ = host::OPAQUE_BK;
-    std::int32_t textAlign_ = host::TA_LEFT;
-    std::int32_t rop2_ = host::R2_COPYPEN;
+    std::int32_t textColor_ = 0; ///< What these five start as says `Reset`.
+    std::int32_t bkColor_ = 0;
+    std::int32_t bkMode_ = 0;
+    std::int32_t textAlign_ = 0;
+    std::int32_t rop2_ = 0;
     host::Point position_;
     std::string scratch_; ///< A text without its mnemonic marks.
 };

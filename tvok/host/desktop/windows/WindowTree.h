@@ -59,6 +59,7 @@ public:
     void Attach(Window& window, Window* parent, const tvok_Rect& rect, bool shown);
     void Remove(Window& window); ///< With all windows below it. Harmless twice.
     Window* Find(host::Handle hWnd) const { return windows_.Find(hWnd); }
+    std::vector<Window*> All() const; ///< Every window, parents first.
     /// Top-level windows from front to back: the topmost band, then the others.
     const std::vector<Window*>& tops() const { return tops_; }
 

@@ -40,13 +40,21 @@ void WindowTree::Invalidate(Window& window, const tvok_Rect* rect, bool erase) {
     window.erase_ |= erase;
 }
 
-void WindowTree::InvalidateAll() {
+std::vector<Window*> WindowTree::All() const {
+    std::vector<Window*> all;
     for (Window* top : tops_)
         ForEach(*top, [&](Window& window) {
-            Invalidate(window, nullptr, true);
-            window.frameDirty_ = true;
+            all.push_back(&window);
             return true;
         });
+    return all;
+}
+
+void WindowTree::InvalidateAll() {
+    for (Window* window : All()) {
+        Invalidate(*window, nullptr, true);
+        window->frameDirty_ = true;
+    }
 }
 
 void WindowTree::Update(Window& window) {
@@ -187,6 +195,7 @@ bool WindowTree::CloseContext(host::Handle hDC) {
     contexts_.Remove(hDC);
     (*found)->handle = 0;
     (*found)->slot.window = nullptr;
+    (*found)->context.Reset(); // the next user gets it fresh, and what was selected is in use no more
     return true;
 }
 
