@@ -107,13 +107,15 @@ public:
     virtual const host::Ambient& Ambient() const = 0;
 
     /// A hidden child window of no size for the control to draw on. The owner may destroy it at any time, at
-    /// the latest in `Terminate`.
+    /// the latest in `Terminate`. Throws `ObjectError` where this component has ended.
     virtual std::unique_ptr<PictureWindow> CreatePicture() = 0;
 
     /// Hosts `child` inside this component, in pixels of its client area. Runs the child's `Initialize` and
-    /// then its `ReadProperties` from `settings`, or `InitProperties` without. The child control stays the
-    /// caller's and has to outlive `RemoveChild`, which runs its `Terminate`; `Terminate` of this component's
-    /// control is the last moment for that.
+    /// then its `ReadProperties` from `settings`; without, from an empty bag, which gives every key's
+    /// default, or at design time its `InitProperties`. The child control stays the caller's and has to
+    /// outlive `RemoveChild`, which runs its `Terminate`; `Terminate` of this component's control is the last
+    /// moment for that. Where the child throws while it comes up, it has been ended and is no child. Throws
+    /// `ObjectError` where this component has ended.
     virtual Component& AddChild(Control& child, std::string_view name, const tvok_Rect& place,
                                 PropertyBag* settings) = 0;
     virtual void RemoveChild(Control& child) = 0;

@@ -75,7 +75,9 @@ public:
 
     bool IsHeadless() const;
     const Theme& CurrentTheme() const;
-    void SetTheme(const Theme& theme); ///< Repaints everything.
+    /// Repaints everything; fonts follow a changed resolution. A component whose client area changed by it
+    /// hears `Resize`.
+    void SetTheme(const Theme& theme);
 
     /// An image list of square images cut from one PNG strip, or one PNG file each. The handle lives as long
     /// as the desktop. Throws `FileError` that names the file.

@@ -89,6 +89,14 @@ void Form::BackColor(OLE_COLOR color) {
     window_->window().tree().Invalidate(window_->window(), nullptr, true);
 }
 
+bool Form::Resizable() const {
+    return window_->resizable;
+}
+
+void Form::Resizable(bool resizable) {
+    window_->resizable = resizable;
+}
+
 host::Handle Form::hWnd() const {
     return window_->window().handle();
 }

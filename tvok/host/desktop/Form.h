@@ -55,7 +55,8 @@ public:
     /// The same for a control made elsewhere, loaded from `settings` where given.
     void Adopt(std::string_view name, const Placement& place, std::unique_ptr<host::Control> control,
                host::PropertyBag* settings);
-    /// Ends the control. Also allowed inside one of its own events: it is then freed when they have returned.
+    /// Ends the control. Also allowed inside one of its own events, whoever called it: it is then freed when
+    /// they have returned, by the next turn of the message loop.
     void Remove(host::Control& control);
 
     host::Control* Find(std::string_view name) const; ///< Null where there is none.
@@ -76,6 +77,9 @@ public:
     void Move(std::int32_t x, std::int32_t y); ///< On the screen: the outer left top.
     OLE_COLOR BackColor() const;               ///< Default button face.
     void BackColor(OLE_COLOR color);
+    bool
+    Resizable() const; ///< Whether the user may change its size, where the display lets users. Default true.
+    void Resizable(bool resizable);
     host::Handle hWnd() const;
     host::Handle hDC() const;
     void Close(); ///< As the user would: raises `Closing`.

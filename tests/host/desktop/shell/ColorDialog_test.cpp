@@ -49,6 +49,15 @@ TEST_F(ColorDialogTest, AClickOnABasicColorAndOnOkGivesThatColor) {
               FromRgb(0, 0, 255));
 }
 
+TEST_F(ColorDialogTest, KeepsItsSizeForItsControlsKeepTheirPlaces) {
+    bool resizable = true;
+    Pick([&] {
+        resizable = Dialog().Resizable();
+        Key(VK_ESCAPE);
+    });
+    EXPECT_FALSE(resizable);
+}
+
 TEST_F(ColorDialogTest, CancelEscapeAndClosingGiveNoColor) {
     EXPECT_EQ(Pick([&] {
                   ClickAt("basic", 12, 11);

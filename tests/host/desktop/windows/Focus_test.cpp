@@ -135,7 +135,7 @@ TEST_F(Focus, AChildTakesItWithoutAnExitOfItsParent) {
     Recorder child;
     Join(child, "child");
     host::Component& made = all[0]->component->AddChild(child, "inner", {5, 5, 30, 30}, nullptr);
-    EXPECT_THAT(TakeLog(), ElementsAre("child Initialize", "child InitProperties", "child Resize"));
+    EXPECT_THAT(TakeLog(), ElementsAre("child Initialize", "child ReadProperties", "child Resize"));
     made.SetFocus();
     EXPECT_THAT(TakeLog(), ElementsAre("a LostFocus", "child EnterFocus", "child GotFocus"));
     desktop.Focus(*all[1]);

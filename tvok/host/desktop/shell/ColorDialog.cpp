@@ -227,6 +227,7 @@ public:
         const Handle before =
             world.focus.active() != nullptr ? world.focus.active()->window().handle() : owner;
         Form& form = desktop_.AddForm("Color", DialogWidth, DialogHeight);
+        form.Resizable(false);
         const ModalForm modal(world, form, before);
         PlaceOver(form, owner);
         ColorForm dialog(form, last_);

@@ -26,16 +26,14 @@ void ComponentFont::Detach() {
 void ComponentFont::Name(const std::string& face) {
     if (value_.Name == face) return;
     value_.Name = face;
-    Forget();
-    Select();
+    Renew();
 }
 
 /// A size that is no size is ignored, as is one beyond what any surface shows.
 void ComponentFont::Size(float points) {
     if (value_.Size == points || !(points > 0) || points > kMostPoints) return;
     value_.Size = points;
-    Forget();
-    Select();
+    Renew();
 }
 
 void ComponentFont::Select() {

@@ -20,6 +20,11 @@ public:
 
     /// The context is going away: what is written later is kept and has no further effect.
     void Detach();
+    /// The theme's resolution changed: makes the drawing objects anew.
+    void Renew() {
+        Forget();
+        Select();
+    }
 
     std::string Name() const override { return value_.Name; }
     void Name(const std::string& face) override;

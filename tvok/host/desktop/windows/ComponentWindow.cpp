@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tvok/host/MemoryBag.h"
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/World.h"
 
@@ -47,10 +48,12 @@ ComponentWindow::~ComponentWindow() {
 }
 
 void ComponentWindow::BringUp(host::PropertyBag* settings) {
+    const World::Running running(world());
     try {
         control_.Initialize(*this);
-        if (settings) {
-            control_.ReadProperties(*settings);
+        host::MemoryBag empty;
+        if (settings || ambient_.UserMode()) {
+            control_.ReadProperties(settings ? *settings : empty);
         } else {
             control_.InitProperties();
         }
@@ -64,8 +67,11 @@ void ComponentWindow::BringUp(host::PropertyBag* settings) {
 
 void ComponentWindow::End() {
     if (std::exchange(ended_, true)) return;
+    const World::Running running(world());
     quietly([&] { control_.Terminate(); });
-    for (const auto& child : children_) child->End();
+    std::vector<ComponentWindow*> ending; // the end of one may remove another, which is buried then
+    for (const auto& child : children_) ending.push_back(child.get());
+    for (ComponentWindow* child : ending) child->End();
     for (SoftPicture* picture : std::exchange(pictures_, {})) picture->OwnerGone();
     Leave();
 }
@@ -74,17 +80,28 @@ host::FontValue ComponentWindow::Surroundings::Font() const {
     return component_.world().DefaultFont();
 }
 
+void ComponentWindow::NeedNotEnded() const {
+    if (ended_ || !window().IsAlive()) throw ObjectError("the component \"" + name_ + "\" has ended");
+}
+
 std::unique_ptr<host::PictureWindow> ComponentWindow::CreatePicture() {
+    NeedNotEnded();
     return std::make_unique<SoftPicture>(*this);
 }
 
 host::Component& ComponentWindow::AddChild(host::Control& child, std::string_view name,
                                            const tvok_Rect& place, host::PropertyBag* settings) {
+    NeedNotEnded();
     auto made = std::make_unique<ComponentWindow>(world(), window(), child, std::string(name), place,
                                                   ambient_.UserMode());
     ComponentWindow& result = *made;
     children_.push_back(std::move(made));
-    result.BringUp(settings);
+    try {
+        result.BringUp(settings);
+    } catch (...) {
+        RemoveChild(child);
+        throw;
+    }
     return result;
 }
 
@@ -106,6 +123,7 @@ void ComponentWindow::FocusInside(bool inside) {
 }
 
 void ComponentWindow::FrameResized() {
+    const World::Running running(world());
     if (isUp_) control_.Resize();
 }
 
@@ -148,14 +166,13 @@ std::int32_t ComponentWindow::Process(Window& target, const Message& message) {
 std::int32_t ComponentWindow::KeyDown(const Message& message) {
     auto code = static_cast<std::int16_t>(message.wParam);
     std::int16_t shift = world().input.ShiftBits();
-    const host::Handle form = window().root().handle();
     if (FormWindow* owner = world().FormOf(window())) owner->RaiseKeyDown(code, shift);
     if (code == 0 || !window().IsAlive()) return 0;
+    // A Tab that moves the focus is no key of the control's: a list would look for a text that begins with
+    // it.
+    if (FormWindow* owner = world().FormOf(window()); owner && owner->TakeTab(code, shift)) return 1;
     control_.KeyDown(code, shift);
-    if (code != host::VK_TAB || (shift & 6) != 0) return 0;
-    const Window* root = world().windows.Find(form);
-    FormWindow* owner = root ? world().FormOf(*root) : nullptr;
-    return owner && owner->MoveFocus((shift & 1) != 0) ? 1 : 0;
+    return 0;
 }
 
 void ComponentWindow::KeyUp(const Message& message) {

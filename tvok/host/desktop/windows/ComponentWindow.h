@@ -32,8 +32,8 @@ public:
                     const tvok_Rect& rect, bool userMode);
     ~ComponentWindow() override;
 
-    /// Runs the control's `Initialize`, then `ReadProperties` from `settings` or, without, `InitProperties`;
-    /// then `Resize`. When one of them throws, the control has been ended.
+    /// Runs the control's `Initialize`, then `ReadProperties` from `settings`; without, from an empty bag, or
+    /// at design time `InitProperties`; then `Resize`. When one of them throws, the control has been ended.
     void BringUp(host::PropertyBag* settings);
     /// Runs the control's `Terminate` and takes the window away. Harmless twice.
     void End();
@@ -50,6 +50,7 @@ public:
     std::int32_t Process(Window& window, const Message& message) override;
     Window* FocusByMouse() override { return &window(); }
     void FocusInside(bool inside) override;
+    void FrameResized() override;
 
 private:
     friend class SoftPicture;
@@ -67,7 +68,7 @@ private:
     };
 
     void Paint() override { control_.Paint(); }
-    void FrameResized() override;
+    void NeedNotEnded() const; ///< Throws `ObjectError` where it has.
     std::int32_t KeyDown(const Message& message);
     void KeyUp(const Message& message);
     void MousePress(const Message& message, std::int16_t button);

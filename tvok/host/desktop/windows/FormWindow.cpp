@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "tvok/host/MemoryBag.h"
 #include "tvok/host/desktop/gdi/Frames.h"
 #include "tvok/host/desktop/windows/World.h"
 #include "tvok/records/Error.h"
@@ -37,7 +36,10 @@ FormWindow::~FormWindow() {
 void FormWindow::End() {
     if (std::exchange(ended_, true)) return;
     world_.FormGone(*this);
-    for (const Entry& entry : entries_) entry.component->End();
+    const World::Running running(world_);
+    std::vector<ComponentWindow*> ending; // the end of one may remove another, which is buried then
+    for (const Entry& entry : entries_) ending.push_back(entry.component.get());
+    for (ComponentWindow* component : ending) component->End();
     world_.windows.Remove(window_);
 }
 
@@ -64,9 +66,8 @@ void FormWindow::Adopt(std::string_view name, const tvok_Rect& rect, std::unique
     host::Control& adopted = *control;
     world_.windows.Order(made.window(), host::HWND_BOTTOM);
     entries_.push_back({std::string(name), std::move(component), std::move(control)});
-    host::MemoryBag empty;
     try {
-        made.BringUp(settings || !userMode ? settings : &empty);
+        made.BringUp(settings);
     } catch (...) {
         Remove(adopted);
         throw;
@@ -133,6 +134,11 @@ bool FormWindow::MoveFocus(bool back) {
     return false;
 }
 
+bool FormWindow::TakeTab(std::int16_t code, std::int16_t shift) {
+    constexpr std::int16_t kControlOrAlt = 2 | 4;
+    return code == host::VK_TAB && (shift & kControlOrAlt) == 0 && MoveFocus((shift & 1) != 0);
+}
+
 void FormWindow::RaiseKeyDown(std::int16_t& code, std::int16_t& shift) {
     if (form_) form_->events.KeyDown(code, shift);
 }
@@ -154,8 +160,7 @@ std::int32_t FormWindow::Process(Window& window, const Message& message) {
         auto code = static_cast<std::int16_t>(message.wParam);
         std::int16_t shift = world_.input.ShiftBits();
         RaiseKeyDown(code, shift);
-        if (code != host::VK_TAB || ended_) return 0;
-        return MoveFocus((shift & 1) != 0) ? 1 : 0;
+        return !ended_ && TakeTab(code, shift) ? 1 : 0;
     }
     default: return 0;
     }

@@ -44,6 +44,8 @@ public:
     host::Handle WantedFocus() const;
     /// To the next or the previous control in the order of adding. False where there is no other.
     bool MoveFocus(bool back);
+    /// The same for Tab, and back for Shift+Tab. False for other keys, and with Control or Alt.
+    bool TakeTab(std::int16_t code, std::int16_t shift);
     void RaiseKeyDown(std::int16_t& code, std::int16_t& shift);
 
     std::int32_t Process(Window& window, const Message& message) override;
@@ -55,6 +57,7 @@ public:
     std::string caption;
     OLE_COLOR backColor = cButtonFace;
     bool userMode = true;
+    bool resizable = true;
 
 private:
     void Paint();

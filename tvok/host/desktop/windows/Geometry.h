@@ -51,4 +51,8 @@ constexpr std::int32_t LimitCoordinate(std::int32_t value) {
     return std::clamp(value, -kMaxCoordinate, kMaxCoordinate);
 }
 
+inline bool SameSize(const tvok_Rect& a, const tvok_Rect& b) {
+    return WidthOf(a) == WidthOf(b) && HeightOf(a) == HeightOf(b);
+}
+
 } // namespace tvok::soft

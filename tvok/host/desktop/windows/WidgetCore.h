@@ -29,6 +29,7 @@ public:
     void DrawFrame(Window& window, DeviceContext& context) override;
     std::int32_t EraseColor() const override;
     std::int16_t Pointer() const override { return pointer; }
+    void ThemeChanged() override { font->Renew(); }
 
     float ToTwips(std::int32_t pixels) const;
     std::int32_t ToPixels(float twips) const;
@@ -55,8 +56,6 @@ public:
 protected:
     /// The window's own share of a WM_PAINT.
     virtual void Paint() {}
-    /// The frame became wider or narrower without a change of size.
-    virtual void FrameResized() {}
 
 private:
     void ApplyFrame();

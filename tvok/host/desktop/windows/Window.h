@@ -35,6 +35,10 @@ public:
     virtual Window* FocusByMouse() { return nullptr; }
     /// The focus came into the window or one below it from elsewhere, or went away.
     virtual void FocusInside(bool) {}
+    /// The theme's colours, fonts, resolution or widths may be others. Raises nothing.
+    virtual void ThemeChanged() {}
+    /// The frame became wider or narrower without a change of the window's size.
+    virtual void FrameResized() {}
 };
 
 /// What the handle of a device context names.

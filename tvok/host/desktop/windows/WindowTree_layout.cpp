@@ -140,7 +140,7 @@ void WindowTree::Place(Window& window, const tvok_Rect& rect) {
     const tvok_Rect now{left, top, left + std::clamp(rect.Right - rect.Left, 0, most),
                         top + std::clamp(rect.bottom - rect.Top, 0, most)};
     if (now == before) return;
-    const bool sized = WidthOf(now) != WidthOf(before) || HeightOf(now) != HeightOf(before);
+    const bool sized = !SameSize(now, before);
     if (!window.alive_) {
         window.rect_ = now;
         return;

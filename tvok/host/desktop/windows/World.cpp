@@ -5,6 +5,8 @@
 #include "tvok/host/desktop/Form.h"
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/SoftHooks.h"
+#include "tvok/records/Error.h"
+#include "tvok/records/Event.h"
 
 namespace tvok::soft {
 
@@ -25,15 +27,6 @@ const Clock& ClockOf(const DesktopOptions& options) {
     return options.clock ? *options.clock : machine;
 }
 
-/// Counts a level of `ProcessEvents` while it lives.
-struct Level {
-    explicit Level(int& depth) : depth(depth) { ++depth; }
-    ~Level() { --depth; }
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-    int& depth;
-};
-
 } // namespace
 
 World::World(Desktop& owner, const DesktopOptions& options, std::unique_ptr<Display> shownOn)
@@ -43,14 +36,20 @@ World::World(Desktop& owner, const DesktopOptions& options, std::unique_ptr<Disp
       clipboardBefore_(SetClipboard(&clipboard_)) {}
 
 World::~World() {
-    for (const auto& form : forms) form->window().End();
+    {
+        const Running running(*this);
+        std::vector<FormWindow*> ending; // the end of one may close another, which is buried then
+        for (const auto& form : forms) ending.push_back(&form->window());
+        for (FormWindow* form : ending) form->End();
+    }
     forms.clear();
-    grave_.clear();
+    FreeBuried();
     SetClipboard(clipboardBefore_);
 }
 
 std::int32_t World::Send(const Message& message) {
     if (!windows.Find(message.hWnd)) return 0;
+    const Running running(*this);
     std::int32_t result = 0;
     const auto ask = [&](auto& hook) {
         bool goOn = true;
@@ -71,19 +70,24 @@ std::int32_t World::Send(const Message& message) {
 bool World::ProcessEvents(std::chrono::milliseconds timeout) {
     if (over_) return false;
     {
-        const Level level(depth_);
+        const Running running(*this);
         const auto wait = std::min(timeout, loop.Idle().value_or(timeout));
         display->Wait(std::clamp<std::chrono::milliseconds>(wait, std::chrono::milliseconds{0}, kLongestWait),
                       input);
         loop.Run();
         Present();
     }
-    if (depth_ == 0) grave_.clear();
+    // A host may have called a control directly, whose event then came here.
+    if (depth_ == 0 && RunningEvent::Count() == 0) FreeBuried();
     return !over_;
 }
 
+void World::FreeBuried() {
+    const auto freed = std::exchange(grave_, {}); // which may bury something in its turn
+}
+
 void World::DoEvents() {
-    const Level level(depth_);
+    const Running running(*this);
     display->Wait(std::chrono::milliseconds{0}, input);
     loop.Run();
     Present();
@@ -108,8 +112,21 @@ std::int32_t World::ColorOf(OLE_COLOR color) const {
 void World::SetTheme(const Theme& wanted) {
     theme = wanted;
     objects.ApplyTheme(theme);
-    for (Window* top : std::vector(windows.tops())) windows.FrameChanged(*top);
+    const Running running(*this);
+    std::vector<std::pair<host::Handle, tvok_Rect>> before;
+    for (Window* window : windows.All()) {
+        before.emplace_back(window->handle(), window->clientArea());
+        window->client().ThemeChanged();
+    }
+    for (Window* top : windows.tops()) windows.FrameChanged(*top);
     windows.InvalidateAll();
+    FirstError failed;
+    for (const auto& [handle, area] : before) {
+        Window* window = windows.Find(handle);
+        if (window && !SameSize(window->clientArea(), area))
+            failed.Try([&] { window->client().FrameResized(); });
+    }
+    failed.Rethrow();
 }
 
 Form& World::AddForm(std::unique_ptr<Form> form) {
@@ -174,14 +191,16 @@ void World::Present() {
 /// Tells the display what changed of a top-level window since it was told last.
 void World::Show(Window& window) {
     TopLevel& top = *window.top();
-    DisplayWindow now{window.handle(), window.rect(), top.caption, top.popup, !top.popup, window.shown()};
+    const FormWindow* form = FormOf(window);
+    DisplayWindow now{window.handle(), window.rect(),           top.caption,
+                      top.popup,       form && form->resizable, window.shown()};
     if (!top.isOpen) {
         if (!now.visible) return;
         display->Open(now);
         top.isOpen = true;
         top.damage.Add(window.outer());
     } else if (now.rect != top.told.rect || now.caption != top.told.caption ||
-               now.visible != top.told.visible) {
+               now.visible != top.told.visible || now.resizable != top.told.resizable) {
         display->Change(now);
     }
     top.told = std::move(now);

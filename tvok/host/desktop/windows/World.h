@@ -40,6 +40,18 @@ public:
     World(const World&) = delete;
     World& operator=(const World&) = delete;
 
+    /// While one lives, nothing that was buried is freed: a control's own code may be below on the stack.
+    class Running {
+    public:
+        explicit Running(World& world) : depth_(world.depth_) { ++depth_; }
+        ~Running() { --depth_; }
+        Running(const Running&) = delete;
+        Running& operator=(const Running&) = delete;
+
+    private:
+        int& depth_;
+    };
+
     /// Asks the hooks of the window, then the window. Nothing happens where there is none.
     std::int32_t Send(const Message& message);
     bool ProcessEvents(std::chrono::milliseconds timeout);
@@ -92,6 +104,7 @@ public:
 
 private:
     void Show(Window& window);
+    void FreeBuried();
 
     const Clock& clock_;
     DisplayClipboard clipboard_;
@@ -99,7 +112,7 @@ private:
     FormWindow* modal_ = nullptr;
     std::vector<std::shared_ptr<void>> grave_;
     std::vector<std::unique_ptr<ImageList>> images_;
-    int depth_ = 0; ///< Of `ProcessEvents` in `ProcessEvents`.
+    int depth_ = 0; ///< How many `Running` live.
     bool over_ = false;
     int exitCode_ = 0;
     std::int32_t formsMade_ = 0;
