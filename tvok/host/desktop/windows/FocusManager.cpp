@@ -5,6 +5,7 @@
 
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/World.h"
+#include "tvok/records/Error.h"
 
 namespace tvok::soft {
 
@@ -12,19 +13,23 @@ host::Handle FocusManager::Focus(host::Handle hWnd) {
     const host::Handle before = focus_;
     Window* window = world_.windows.Find(hWnd);
     if (before == hWnd || (hWnd != 0 && !window)) return before;
+    const World::Running running(world_);
+    FirstError failed; // what one handler throws keeps no other from hearing of the focus
     focus_ = hWnd;
     if (FormWindow* form = window ? world_.FormOf(*window) : nullptr) {
         form->RememberFocus(hWnd);
-        if (form != active_) Activate(form);
+        if (form != active_) failed.Try([&] { Activate(form); });
     }
-    if (before != 0 && focus_ == hWnd) world_.Send({before, host::WM_KILLFOCUS, hWnd, 0});
-    if (focus_ != hWnd || !LeaveAndEnter(hWnd)) return before;
-    if (hWnd != 0) world_.Send({hWnd, host::WM_SETFOCUS, before, 0});
+    if (before != 0 && focus_ == hWnd)
+        failed.Try([&] { world_.Send({before, host::WM_KILLFOCUS, hWnd, 0}); });
+    if (focus_ == hWnd && LeaveAndEnter(hWnd, failed) && hWnd != 0)
+        failed.Try([&] { world_.Send({hWnd, host::WM_SETFOCUS, before, 0}); });
+    failed.Rethrow();
     return before;
 }
 
 /// False when the focus moved on meanwhile.
-bool FocusManager::LeaveAndEnter(host::Handle focus) {
+bool FocusManager::LeaveAndEnter(host::Handle focus, FirstError& failed) {
     std::vector<host::Handle> now;
     for (const Window* window = world_.windows.Find(focus); window; window = window->parent())
         now.insert(now.begin(), window->handle());
@@ -34,13 +39,14 @@ bool FocusManager::LeaveAndEnter(host::Handle focus) {
          last = std::ranges::find_if(inside_.rbegin(), inside_.rend(), isLeft)) {
         Window* window = world_.windows.Find(*last);
         inside_.erase(std::next(last).base());
-        if (window) window->client().FocusInside(false);
+        if (window) failed.Try([&] { window->client().FocusInside(false); });
         if (focus_ != focus) return false;
     }
     for (const host::Handle entered : now) {
         if (std::ranges::find(inside_, entered) != inside_.end()) continue;
         inside_.push_back(entered);
-        if (Window* window = world_.windows.Find(entered)) window->client().FocusInside(true);
+        if (Window* window = world_.windows.Find(entered))
+            failed.Try([&] { window->client().FocusInside(true); });
         if (focus_ != focus) return false;
     }
     return true;
@@ -56,16 +62,20 @@ host::Handle FocusManager::Capture(host::Handle hWnd, CaptureKind kind) {
     capture_ = hWnd;
     kind_ = kind;
     world_.display->Capture(world_.windows.Find(hWnd)->root().handle());
-    world_.tracker.CaptureLost();
-    if (before != 0) world_.Send({before, host::WM_CAPTURECHANGED, 0, hWnd});
+    FirstError failed;
+    failed.Try([&] { world_.tracker.CaptureLost(); });
+    if (before != 0) failed.Try([&] { world_.Send({before, host::WM_CAPTURECHANGED, 0, hWnd}); });
+    failed.Rethrow();
     return before;
 }
 
 bool FocusManager::ReleaseCapture() {
     const host::Handle before = std::exchange(capture_, 0);
     world_.display->Capture(0);
-    world_.tracker.CaptureLost();
-    if (before != 0) world_.Send({before, host::WM_CAPTURECHANGED, 0, 0});
+    FirstError failed;
+    failed.Try([&] { world_.tracker.CaptureLost(); });
+    if (before != 0) failed.Try([&] { world_.Send({before, host::WM_CAPTURECHANGED, 0, 0}); });
+    failed.Rethrow();
     return true;
 }
 

@@ -5,6 +5,10 @@
 
 #include "tvok/host/constants.h"
 
+namespace tvok {
+class FirstError;
+}
+
 namespace tvok::soft {
 
 class FormWindow;
@@ -23,8 +27,8 @@ public:
 
     host::Handle focus() const { return focus_; }
     /// WM_KILLFOCUS to the old window, leave and enter to the components in between, WM_SETFOCUS to the new
-    /// one. Where one of these moves the focus again, the rest is not sent. Gives the window before. A window
-    /// of a form makes that form the active one.
+    /// one. Where one of these moves the focus again, the rest is not sent. Where one throws, the rest is
+    /// sent first. Gives the window before. A window of a form makes that form the active one.
     host::Handle Focus(host::Handle hWnd);
 
     host::Handle capture() const { return capture_; }
@@ -43,7 +47,7 @@ public:
     void FormGone(const FormWindow& form);
 
 private:
-    bool LeaveAndEnter(host::Handle focus);
+    bool LeaveAndEnter(host::Handle focus, FirstError& failed);
 
     World& world_;
     host::Handle focus_ = 0;
