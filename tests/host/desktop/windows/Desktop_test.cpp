@@ -58,10 +58,10 @@ TEST(Desktop, ATaskThatPostsItselfLeavesTheOthersTheirTurn) {
 }
 
 TEST(Desktop, PostedMessagesComeBeforeInputAndPaintsLast) {
+    std::vector<std::string> order; // outlives the control, which writes to it until it ends
     TestDesktop desktop;
     auto& control = desktop.form().Add<Recorder>("a", {10, 10, 100, 50});
     desktop.Pump();
-    std::vector<std::string> order;
     control.onEvent = [&](const std::string& event) { order.push_back(event); };
     auto hook = host::services().CreateWindowHook();
     hook->RtMsg = [&](std::int32_t message, auto, auto, auto&, bool&) {
