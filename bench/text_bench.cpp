@@ -1,37 +1,14 @@
-// A text cell - an opaque fill of 120 by 18 pixels and 8 to 16 letters - against the fill alone, and what it
-// allocates once warm.
+// The text engine by itself: a text cell - an opaque fill of 120 by 18 pixels and 8 to 16 letters - against
+// the fill alone, and what it allocates once warm.
 
 #include <algorithm>
-#include <atomic>
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <string>
 #include <vector>
 
-#include <benchmark/benchmark.h>
-
+#include "bench/ratios.h"
 #include "tvok/host/desktop/pixels/kernels.h"
 #include "tvok/host/desktop/text/TextEngine.h"
-
-namespace {
-
-std::atomic<std::int64_t> allocations{0};
-
-} // namespace
-
-// Not inlined: a compiler that looks inside takes `free` for a slip.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* block = std::malloc(size)) return block;
-    throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* block) noexcept {
-    std::free(block);
-}
-[[gnu::noinline]] void operator delete(void* block, std::size_t /*size*/) noexcept {
-    std::free(block);
-}
 
 namespace tvok::soft {
 namespace {
@@ -58,7 +35,7 @@ struct Page {
 };
 
 /// Texts of 8 to 16 letters, as many as asked for, all different.
-std::vector<std::string> Words(std::size_t count) {
+std::vector<std::string> LatinWords(std::size_t count) {
     std::mt19937 random(1);
     std::vector<std::string> words(count);
     for (std::string& word : words)
@@ -78,64 +55,43 @@ std::vector<std::string> ArabicWords(std::size_t count) {
     return words;
 }
 
-void Finish(benchmark::State& state, std::int64_t before) {
-    const auto drawn = state.iterations() * cells;
-    state.SetItemsProcessed(drawn);
-    state.counters["allocations/cell"] =
-        static_cast<double>(allocations - before) / static_cast<double>(drawn);
-}
+using Words = std::vector<std::string>;
 
-void FillAlone(benchmark::State& state) {
-    Page page;
-    const std::int64_t before = allocations;
-    for (auto _ : state)
-        for (std::int32_t i = 0; i < cells; ++i) page.FillCell(i);
-    Finish(state, before);
-}
-
-void DrawPages(benchmark::State& state, const std::vector<std::string>& words) {
+/// Draws pages of `words`, the next ones on each page, against pages of fills alone.
+void ReportCells(const char* what, const Words& words, double most) {
     Page page;
     std::size_t next = std::min<std::size_t>(words.size(), 20'000) - 1;
     for (std::size_t i = 0; i <= next; ++i) page.engine.Measure(page.font, words[i]); // warms every cache
-    const std::int64_t before = allocations;
-    for (auto _ : state)
+    const auto fill = [&] {
+        for (std::int32_t i = 0; i < cells; ++i) page.FillCell(i);
+    };
+    const auto draw = [&] {
         for (std::int32_t i = 0; i < cells; ++i) {
             page.DrawCell(i, words[next]);
             if (++next == words.size()) next = 0;
         }
-    Finish(state, before);
+    };
+    const double filled = bench::Seconds(200, fill);
+    const double drawn = bench::Seconds(200, draw);
+    const double taken = bench::AllocationsOf([&] {
+        for (int run = 0; run < 20; ++run) draw();
+    });
+    bench::Report((std::string("text engine, ") + what + " / filling its cell").c_str(), drawn / filled,
+                  bench::Wanted::AtMost, most);
+    bench::Report((std::string("text engine, allocations per cell, ") + what).c_str(), taken / (20.0 * cells),
+                  bench::Wanted::AtMost, 0.01, "");
 }
 
-void RepeatedLatin(benchmark::State& state) {
-    DrawPages(state, Words(cells));
+void Run() {
+    ReportCells("repeated Latin text", LatinWords(cells), 5);
+    ReportCells("new Latin text", LatinWords(200'000), 5);
+    ReportCells("repeated Arabic text", ArabicWords(cells), 5);
 }
-void NewLatin(benchmark::State& state) {
-    DrawPages(state, Words(200'000));
-}
-void RepeatedArabic(benchmark::State& state) {
-    DrawPages(state, ArabicWords(cells));
-}
-void NewArabic(benchmark::State& state) {
-    DrawPages(state, ArabicWords(200'000));
-}
-
-void MeasureLatin(benchmark::State& state) {
-    Page page;
-    const auto words = Words(cells);
-    const std::int64_t before = allocations;
-    for (auto _ : state)
-        for (const std::string& word : words) benchmark::DoNotOptimize(page.engine.Measure(page.font, word));
-    Finish(state, before);
-}
-
-BENCHMARK(FillAlone);
-BENCHMARK(RepeatedLatin);
-BENCHMARK(NewLatin);
-BENCHMARK(RepeatedArabic);
-BENCHMARK(NewArabic);
-BENCHMARK(MeasureLatin);
 
 } // namespace
 } // namespace tvok::soft
 
-BENCHMARK_MAIN();
+int main() {
+    tvok::soft::Run();
+    return tvok::bench::missed;
+}
