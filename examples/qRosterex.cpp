@@ -24,6 +24,7 @@ int main(int argc, char** argv) {
     list.events.EnumDATA = [&](std::int32_t& row, tvok::qrosterdata& record) {
         ++asked;
         record = list.DefaultItem();
+        record.IconPos = 0; // its low byte indents the row here, and the default item's is 255
         record.text = std::to_string(row) + '\t' + std::to_string(std::int64_t{row} * row);
     };
     list.events.Change = [&](std::int32_t row) { form.Caption("Squares: " + std::to_string(row)); };
