@@ -4,6 +4,7 @@
 #include <array>
 #include <chrono>
 #include <cstring>
+#include <string_view>
 
 #include "tvok/records/Error.h"
 
@@ -189,9 +190,10 @@ std::string LineIndex::TextOf(std::uint64_t line) const {
     std::array<char, cPiece> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by Read
     while (text.size() < cLongestLine) {
         const std::size_t size = file_->Read(offset + text.size(), buffer.data(), buffer.size());
-        const auto* feed = static_cast<const char*>(std::memchr(buffer.data(), '\n', size));
-        text.append(buffer.data(), feed == nullptr ? size : static_cast<std::size_t>(feed - buffer.data()));
-        if (feed != nullptr || size == 0) break;
+        const std::string_view bytes(buffer.data(), size);
+        const std::size_t feed = bytes.find('\n');
+        text += bytes.substr(0, feed);
+        if (feed != std::string_view::npos || size == 0) break;
     }
     if (!text.empty() && text.back() == '\r') text.pop_back();
     return text;
