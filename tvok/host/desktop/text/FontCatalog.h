@@ -30,11 +30,11 @@ public:
     FontCatalog(const FontCatalog&) = delete;
     FontCatalog& operator=(const FontCatalog&) = delete;
 
-    /// Faces for the spec's name, weight and slant, the best one first. A later one counts only where those
+    /// Faces for the asked name, weight and slant, the best one first. A later one counts only where those
     /// before it cannot be opened. Empty when there is no font.
     std::vector<FaceFile> Find(const FontSpec& spec);
 
-    /// A face that has the character, in the spec's weight and slant as far as there is one; null for none.
+    /// A face that has the character, in the asked weight and slant as far as there is one; null for none.
     /// Which one is best depends on the character's language. Valid as long as the catalog.
     const FaceFile* Covering(char32_t character, const FontSpec& spec);
 
