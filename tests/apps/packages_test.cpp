@@ -41,7 +41,8 @@ TEST(Packages, KeysAreReadAtTheStartOfALineOnly) {
 }
 
 TEST(Packages, BrokenSizesAndBytesDoNoHarm) {
-    const auto packages = Parse(std::string("Package: a\xff\0b\nStatus: install ok installed\n", 45) +
+    using namespace std::string_literals; // the text holds a zero byte
+    const auto packages = Parse("Package: a\xff\0b\nStatus: install ok installed\n"s +
                                 "Installed-Size: 99999999999999999999\n\n\n\n:\nInstalled-Size");
     ASSERT_EQ(packages.size(), 1u);
     EXPECT_EQ(packages[0].kibibytes, 0);
