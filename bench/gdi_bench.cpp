@@ -86,9 +86,12 @@ void ReportText() {
 void ReportScroll() {
     Page page;
     const tvok_Rect whole{0, 0, pageWidth, pageHeight};
-    const std::size_t bytes = page.surface.Pitch() * (pageHeight - cellHeight) * sizeof(soft::Pixel);
+    std::vector<soft::Pixel> pixels(std::size_t{pageWidth} * pageHeight);
+    const std::size_t row = std::size_t{pageWidth} * cellHeight;
     soft::Region uncovered;
-    const auto moveBytes = [&] { std::memmove(page.surface.Row(0), page.surface.Row(cellHeight), bytes); };
+    const auto moveBytes = [&] {
+        std::memmove(pixels.data(), pixels.data() + row, (pixels.size() - row) * sizeof pixels[0]);
+    };
     const auto scroll = [&] {
         page.dc.Scroll(0, -cellHeight, whole, whole, uncovered);
         page.damage.Take();

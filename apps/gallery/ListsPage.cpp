@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/gallery/icons.h"
+#include "apps/gallery/words.h"
 #include "tvok/engine/dgi.h"
 
 namespace gallery {
@@ -12,9 +13,6 @@ using tvok::host::platform;
 
 namespace {
 
-constexpr std::int32_t Margin = 12;
-constexpr std::int32_t HeaderHeight = 58;
-constexpr std::int32_t HeadingHeight = 24;
 constexpr std::int32_t StatusHeight = 28;
 constexpr std::int32_t SectionsWidth = 230;
 constexpr std::int32_t RowHeight = 20;
@@ -32,10 +30,6 @@ std::string PaddedLeft(const std::string& text, std::size_t width) {
     std::string result;
     for (std::size_t count = text.size(); count < width; ++count) result += "\u2007";
     return result + text;
-}
-
-std::string Plural(std::size_t count, const char* one, const char* many) {
-    return std::to_string(count) + " " + (count == 1 ? one : many);
 }
 
 tvok::qrosterdata DetailsItem(const Package& package) {
@@ -57,28 +51,28 @@ tvok::qrosterdata NameItem(const Package& package) {
 } // namespace
 
 struct ListsPage::Places {
-    std::int32_t width;
-    std::int32_t height;
     tvok::Placement details;
     tvok::Placement names;
     tvok::Placement sections;
 
-    Places(std::int32_t formWidth, std::int32_t formHeight) : width(formWidth), height(formHeight) {
-        const std::int32_t top = HeaderHeight + HeadingHeight;
-        const std::int32_t bottom = std::max(height - StatusHeight - Margin / 2, top + 120);
-        const std::int32_t left = std::max(width - 3 * Margin - SectionsWidth, 160);
+    explicit Places(const tvok::tvok_Rect& area) {
+        const std::int32_t top = area.Top + BannerHeight + HeadingHeight;
+        const std::int32_t bottom = std::max(area.bottom - StatusHeight - Margin / 2, top + 120);
+        const std::int32_t left = area.Left + Margin;
+        const std::int32_t wide = std::max(area.Right - area.Left - 3 * Margin - SectionsWidth, 160);
         const std::int32_t namesHeight = (bottom - top - HeadingHeight) / 3;
-        details = {Margin, top, left, bottom - top - HeadingHeight - namesHeight};
-        names = {Margin, bottom - namesHeight, left, namesHeight};
-        sections = {left + 2 * Margin, top, SectionsWidth, bottom - top};
+        details = {left, top, wide, bottom - top - HeadingHeight - namesHeight};
+        names = {left, bottom - namesHeight, wide, namesHeight};
+        sections = {left + wide + Margin, top, SectionsWidth, bottom - top};
     }
 };
 
+ListsPage::ListsPage(tvok::Desktop& desktop, tvok::Form& form) : ListsPage(desktop, form, LoadCollection()) {}
+
 ListsPage::ListsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collection)
-    : desktop_(desktop), form_(form), collection_(std::move(collection)),
-      details_(form.Add<tvok::qRoster>("details", Places(form.Width(), form.Height()).details)),
-      names_(form.Add<tvok::qRoster>("names", Places(form.Width(), form.Height()).names)),
-      sections_(form.Add<tvok::qRoster>("sections", Places(form.Width(), form.Height()).sections)) {
+    : form_(form), hands_(desktop, form), collection_(std::move(collection)),
+      details_(form.Add<tvok::qRoster>("details", {})), names_(form.Add<tvok::qRoster>("names", {})),
+      sections_(form.Add<tvok::qRoster>("sections", {})) {
     const std::int32_t icons = desktop.AddImageList(DrawIcons(), IconSize);
     for (tvok::qRoster* list : {&details_, &names_, &sections_}) {
         SetUp(*list);
@@ -88,9 +82,6 @@ ListsPage::ListsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collec
     SetUpDetails();
     SetUpNames();
     SetUpSections();
-    form_.events.Resize = [this] { Layout(); };
-    form_.events.Paint = [this] { Paint(form_.hDC()); };
-    Layout();
     FillLists();
     Summarise();
 }
@@ -149,13 +140,13 @@ void ListsPage::CountSections() {
 
 // Looks.
 
-void ListsPage::Layout() {
-    const Places places(form_.Width(), form_.Height());
+void ListsPage::Layout(const tvok::tvok_Rect& area) {
+    area_ = area;
+    const Places places(area);
     form_.Place(details_, places.details);
     form_.Place(names_, places.names);
     form_.Place(sections_, places.sections);
     SetTabStops();
-    Repaint();
 }
 
 void ListsPage::SetTabStops() {
@@ -174,19 +165,11 @@ void ListsPage::SetTabStops() {
     names_.ItemWidth(std::max(client.Right / NameColumns, 40));
 }
 
-void ListsPage::Paint(std::int32_t hDC) {
-    using namespace tvok;
-    const Places places(form_.Width(), form_.Height());
-    dgi::FillRectColor(hDC, {0, HeaderHeight, places.width, places.height}, cButtonFace);
-    dgi::FillRectColor(hDC, {0, 0, places.width, HeaderHeight - 1}, cWindowBackground);
-    dgi::FillRectColor(hDC, {0, HeaderHeight - 1, places.width, HeaderHeight},
-                       SystemColor(host::COLOR_BTNSHADOW));
-    DrawLabel(hDC, {Margin, 6, places.width - Margin, 34}, collection_.title, fonts_.Title(), cWindowText);
-    DrawLabel(hDC, {Margin, 32, places.width - Margin, 52}, summary_, fonts_.Plain(), cWindowText);
-    PaintHeadings(hDC, places);
-    const std::int32_t status = places.height - StatusHeight;
-    DrawLabel(hDC, {Margin, status, places.width - Margin, places.height}, status_, fonts_.Plain(),
-              cButtonText);
+void ListsPage::Paint(tvok::host::Handle hDC) {
+    DrawBackground(hDC, area_, fonts_, collection_.title, summary_);
+    PaintHeadings(hDC, Places(area_));
+    DrawLabel(hDC, {area_.Left + Margin, area_.bottom - StatusHeight, area_.Right - Margin, area_.bottom},
+              status_, fonts_.Plain(), tvok::cButtonText);
 }
 
 void ListsPage::PaintHeadings(std::int32_t hDC, const Places& places) {
@@ -207,8 +190,7 @@ void ListsPage::PaintHeadings(std::int32_t hDC, const Places& places) {
         left = right;
     }
     heading(places.names.left, end, places.names.top, "The same by name, in three columns", DT_LEFT);
-    heading(places.sections.left, places.width, places.sections.top, "Sections (choose one or more)",
-            DT_LEFT);
+    heading(places.sections.left, area_.Right, places.sections.top, "Sections (choose one or more)", DT_LEFT);
 }
 
 void ListsPage::Repaint() {
@@ -268,10 +250,11 @@ void ListsPage::Summarise() {
     std::int64_t kibibytes = 0;
     for (const std::size_t place : shown_) kibibytes += collection_.packages[place].kibibytes;
     const bool packages = collection_.note.empty();
-    summary_ =
-        packages ? Plural(shown_.size(), "package", "packages") : Plural(shown_.size(), "file", "files");
+    const auto count = static_cast<std::int64_t>(shown_.size());
+    summary_ = packages ? Plural(count, "package", "packages") : Plural(count, "file", "files");
     summary_ += ", " + SizeText(kibibytes) + " in all";
-    if (!chosen_.empty()) summary_ += ", in " + Plural(chosen_.size(), "section", "sections");
+    if (!chosen_.empty())
+        summary_ += ", in " + Plural(static_cast<std::int64_t>(chosen_.size()), "section", "sections");
     for (std::size_t place = 0; place < chosen_.size(); ++place)
         summary_ += (place > 0 ? ", " : ": ") + chosen_[place];
     if (!packages) summary_ += ". " + collection_.note;
@@ -282,7 +265,7 @@ void ListsPage::Summarise() {
 std::vector<Scene> ListsPage::Scenes() {
     return {
         {"", [this] { ClickItem(details_, 3); }},
-        {"scrolled", [this] { Turn(details_, -12); }},
+        {"scrolled", [this] { hands_.Wheel(details_, -12); }},
         {"selected",
          [this] {
              ClickItem(sections_, 2);
@@ -295,21 +278,8 @@ std::vector<Scene> ListsPage::Scenes() {
 
 void ListsPage::ClickItem(tvok::qRoster& list, std::int32_t index, std::int32_t heldKey) {
     const std::int32_t row = (index - 1) / list.xn();
-    tvok::host::Point point{list.HeadWidthEx() + 40, row * (list.ItemHeight() + list.GridlineWidth()) + 8};
-    platform().ClientToScreen(form_.ComponentOf(list).hWnd(), point);
-    tvok::desktop::Input& input = desktop_.Input();
-    if (heldKey != 0) input.KeyDown(heldKey);
-    input.MouseMove(point.x, point.y);
-    input.MouseDown(tvok::desktop::MouseButton::Left);
-    input.MouseUp(tvok::desktop::MouseButton::Left);
-    if (heldKey != 0) input.KeyUp(heldKey);
-}
-
-void ListsPage::Turn(tvok::qRoster& list, std::int32_t notches) {
-    tvok::host::Point point{40, 40};
-    platform().ClientToScreen(form_.ComponentOf(list).hWnd(), point);
-    desktop_.Input().MouseMove(point.x, point.y);
-    desktop_.Input().Wheel(notches);
+    hands_.Click(list, {list.HeadWidthEx() + 40, row * (list.ItemHeight() + list.GridlineWidth()) + 8},
+                 heldKey);
 }
 
 } // namespace gallery

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/gallery/Hands.h"
 #include "apps/gallery/Page.h"
 #include "apps/gallery/drawing.h"
 #include "apps/gallery/packages.h"
@@ -18,7 +19,10 @@ namespace gallery {
 /// decides what the other two show.
 class ListsPage : public Page {
 public:
+    ListsPage(tvok::Desktop& desktop, tvok::Form& form); ///< Of what this machine has.
     ListsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collection);
+    void Layout(const tvok::tvok_Rect& area) override;
+    void Paint(tvok::host::Handle hDC) override;
     std::vector<Scene> Scenes() override;
 
     tvok::qRoster& details() { return details_; }
@@ -28,7 +32,7 @@ public:
     const std::string& Summary() const { return summary_; }
 
 private:
-    struct Places; // where everything stands on a form of some size
+    struct Places; // where everything stands in an area
 
     void SetUp(tvok::qRoster& list);
     void SetUpDetails();
@@ -36,10 +40,8 @@ private:
     void SetUpSections();
     void CountSections();
 
-    void Layout();
     void SetTabStops();
-    void Paint(std::int32_t hDC);
-    void PaintHeadings(std::int32_t hDC, const Places& places);
+    void PaintHeadings(tvok::host::Handle hDC, const Places& places);
     void Repaint();
 
     std::vector<std::string> ChosenSections() const;
@@ -48,12 +50,11 @@ private:
     void ShowCurrent(std::int32_t index);
     void Summarise();
 
-    // A user's hands, for the scenes.
     void ClickItem(tvok::qRoster& list, std::int32_t index, std::int32_t heldKey = 0);
-    void Turn(tvok::qRoster& list, std::int32_t notches);
 
-    tvok::Desktop& desktop_;
     tvok::Form& form_;
+    Hands hands_;
+    tvok::tvok_Rect area_;
     Fonts fonts_;
     Collection collection_;
     std::map<std::string, std::int32_t> sectionCounts_;

@@ -1,11 +1,13 @@
-/// One page of the gallery: some controls on the gallery's form.
+/// One page of the gallery: some controls in a part of the gallery's form.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "apps/gallery/icons.h"
 #include "tvok/tvok.h"
 
 namespace gallery {
@@ -14,18 +16,29 @@ namespace gallery {
 struct Scene {
     std::string name; ///< Empty: the page as it comes up.
     std::function<void()> act;
+    bool popups = false; ///< Something is open above the form: the picture shows that, too.
 };
 
+/// It puts its controls on the form when it is made, under names that no other page uses, and lives as long
+/// as the form. The gallery shows and hides the controls as the user goes from page to page.
 class Page {
 public:
     virtual ~Page() = default;
+    /// Places the controls in this part of the form: before the page is first shown, and with each new size.
+    virtual void Layout(const tvok::tvok_Rect& area) = 0;
+    /// Paints the whole area around the controls. Comes only while the page is shown.
+    virtual void Paint(tvok::host::Handle hDC) = 0;
+    /// A live page gets `Turn` some forty times a second while it is shown, with the time since the last one.
+    virtual bool IsLive() const { return false; }
+    virtual void Turn(std::chrono::milliseconds /*elapsed*/) {}
     /// In order; each starts from the state that the one before left.
     virtual std::vector<Scene> Scenes() = 0;
 };
 
-/// A page puts its controls on the form, which is empty then and has its size, and follows its resizing.
 struct PageEntry {
-    const char* name;
+    const char* name;  ///< For `--page` and the names of the pictures.
+    const char* title; ///< In the gallery's list of pages.
+    Icon icon;
     const char* description;
     std::unique_ptr<Page> (*make)(tvok::Desktop& desktop, tvok::Form& form);
 };

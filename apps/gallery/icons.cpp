@@ -195,10 +195,45 @@ void DrawCylinder(Canvas& canvas) {
     canvas.Lay(0x1C5A64, Block(2.5F, 10.8F, 13.5F, 11.7F));
 }
 
+void DrawChart(Canvas& canvas) {
+    canvas.Lay(0x20364E, Block(0.8F, 1.8F, 15.2F, 14.2F, 2));
+    canvas.Lay(0x4C6A8A, Block(2.4F, 7.6F, 13.6F, 8.2F));
+    canvas.Lay(0x5FD08F, Line(3, 11.4F, 6, 7.4F, 1.5F));
+    canvas.Lay(0x5FD08F, Line(6, 7.4F, 9, 9.6F, 1.5F));
+    canvas.Lay(0x5FD08F, Line(9, 9.6F, 13, 4.2F, 1.5F));
+}
+
+void DrawRise(Canvas& canvas) {
+    canvas.Lay(0x2E9E5B, Triangle(8, 4, 12.5F, 11.5F, 3.5F, 11.5F));
+}
+
+void DrawFall(Canvas& canvas) {
+    canvas.Lay(0xD6453D, Triangle(8, 12, 12.5F, 4.5F, 3.5F, 4.5F));
+}
+
+void DrawEmptyBox(Canvas& canvas) {
+    canvas.Lay(0x7C8794, Block(1.5F, 1.5F, 14.5F, 14.5F, 2));
+    canvas.Lay(0xFFFFFF, Block(2.7F, 2.7F, 13.3F, 13.3F, 1));
+}
+
+void DrawCheckedBox(Canvas& canvas) {
+    canvas.Lay(0xFFFFFF, Block(1, 1, 15, 15, 2.5F)); // a rim that shows on a selected row
+    canvas.Lay(0x1F6FD0, Block(1.8F, 1.8F, 14.2F, 14.2F, 2));
+    canvas.Lay(0xFFFFFF, Line(4.4F, 8.2F, 7, 11, 1.8F));
+    canvas.Lay(0xFFFFFF, Line(7, 11, 11.8F, 5, 1.8F));
+}
+
+void DrawNewest(Canvas& canvas) {
+    canvas.Lay(0xC98F1E, Block(2.5F, 1.8F, 13.5F, 3.4F, 0.5F));
+    canvas.Lay(0xC98F1E, Triangle(8, 4.4F, 12.5F, 9.4F, 3.5F, 9.4F));
+    canvas.Lay(0xC98F1E, Block(6.8F, 9, 9.2F, 14.2F));
+}
+
 using Drawing = void (*)(Canvas&);
-constexpr std::array<Drawing, IconCount> Drawings{DrawBox,      DrawBooks,   DrawTerminal, DrawGear,
-                                                  DrawBrackets, DrawPage,    DrawLetter,   DrawGlobe,
-                                                  DrawPicture,  DrawCylinder};
+constexpr std::array<Drawing, IconCount> Drawings{DrawBox,      DrawBooks,      DrawTerminal, DrawGear,
+                                                  DrawBrackets, DrawPage,       DrawLetter,   DrawGlobe,
+                                                  DrawPicture,  DrawCylinder,   DrawChart,    DrawRise,
+                                                  DrawFall,     DrawCheckedBox, DrawEmptyBox, DrawNewest};
 
 constexpr std::pair<std::string_view, Icon> Sections[] = {
     {"admin", Icon::Gear},          {"comm", Icon::Globe},

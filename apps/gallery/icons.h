@@ -1,4 +1,4 @@
-/// The gallery's icons, drawn in code: one for each kind of package.
+/// The gallery's icons, drawn in code: one for each kind of package, and some for the pages.
 #pragma once
 
 #include <cstdint>
@@ -19,9 +19,15 @@ enum class Icon : std::int32_t {
     Letter,
     Globe,
     Picture,
-    Cylinder
+    Cylinder,
+    Chart,
+    Rise,
+    Fall,
+    CheckedBox,
+    EmptyBox,
+    Newest
 };
-inline constexpr std::int32_t IconCount = 10;
+inline constexpr std::int32_t IconCount = 16;
 
 /// Every icon one after the other, 0xAARRGGBB with straight alpha, `IconSize` squared each: what
 /// `Desktop::AddImageList` takes. Image number i is `Icon` i.

@@ -1,5 +1,6 @@
 // The gallery: tvok's controls with real data, in a window or as pictures.
 
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -8,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/gallery/Window.h"
 #include "apps/gallery/options.h"
 #include "apps/gallery/pictures.h"
 #include "tvok/host/RecordingPlatform.h"
@@ -37,10 +39,28 @@ int WriteAll(tvok::Desktop& desktop, const gallery::Options& options) {
     const std::string folder = options.headlessFolder.empty() ? "out" : options.headlessFolder;
     std::vector<std::string> themes{"classic", "dark", "contrast"};
     if (!options.theme.empty()) themes = {options.theme};
-    const auto files = gallery::WritePictures(desktop, *gallery::FindPage(options.page), themes, folder);
+    std::vector<std::string> files;
+    for (const gallery::PageEntry& page : gallery::Pages()) {
+        if (!options.page.empty() && options.page != page.name) continue;
+        const auto written = gallery::WritePictures(desktop, page, themes, folder);
+        files.insert(files.end(), written.begin(), written.end());
+    }
     for (const std::string& file : files) std::printf("%s\n", file.c_str());
     std::printf("%zu pictures are in %s\n", files.size(), folder.c_str());
     return 0;
+}
+
+/// Shows the window until it is closed, and turns a live page all the while.
+void Show(tvok::Desktop& desktop, const std::string& page) {
+    using namespace std::chrono;
+    constexpr milliseconds LiveWait{25}, IdleWait{60'000};
+    const auto window = gallery::Window::Open(desktop, page);
+    auto last = steady_clock::now();
+    while (desktop.ProcessEvents(window->page().IsLive() ? LiveWait : IdleWait)) {
+        const auto elapsed = duration_cast<milliseconds>(steady_clock::now() - last);
+        last += elapsed;
+        window->Turn(elapsed);
+    }
 }
 
 int Run(const gallery::Options& options) {
@@ -52,9 +72,8 @@ int Run(const gallery::Options& options) {
     if (!options.traceFile.empty()) trace = std::make_unique<Trace>(desktop, options.traceFile);
 
     if (desktop.IsHeadless()) return WriteAll(desktop, options);
-    std::shared_ptr<gallery::Page> page;
-    gallery::OpenPage(desktop, *gallery::FindPage(options.page), page);
-    return desktop.Run();
+    Show(desktop, options.page);
+    return 0;
 }
 
 } // namespace

@@ -25,7 +25,7 @@ const Switch* FindSwitch(const std::string& name) {
 }
 
 bool IsKnown(const Options& options, std::string& error) {
-    if (FindPage(options.page) == nullptr) {
+    if (!options.page.empty() && FindPage(options.page) == nullptr) {
         error = "there is no page \"" + options.page + "\"";
         return false;
     }
@@ -43,10 +43,10 @@ bool IsKnown(const Options& options, std::string& error) {
 
 std::string Usage() {
     std::string text = "usage: gallery [switches]\n"
-                       "  --headless DIR   run in memory and write pictures of every page to DIR\n"
+                       "  --headless DIR   run in memory and write pictures of the pages to DIR\n"
                        "  --theme NAME     classic, dark or contrast\n"
                        "  --trace FILE     write every platform call to FILE, one line each\n"
-                       "  --page NAME      the page to show:\n";
+                       "  --page NAME      the page to show, and the only one of the pictures:\n";
     for (const PageEntry& page : Pages()) {
         text += "                     " + std::string(page.name) + ": " + page.description + "\n";
     }

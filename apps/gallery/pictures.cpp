@@ -2,36 +2,48 @@
 
 #include <chrono>
 #include <filesystem>
+#include <memory>
+
+#include "apps/gallery/Window.h"
 
 namespace gallery {
 
-tvok::Form& OpenPage(tvok::Desktop& desktop, const PageEntry& entry, std::shared_ptr<Page>& page) {
-    tvok::Form& form = desktop.AddForm("tvok gallery", FormWidth, FormHeight);
-    page = entry.make(desktop, form);
-    form.events.Closed = [page] {};
-    return form;
+namespace {
+
+std::vector<tvok::Form*> FormsOf(const tvok::Desktop& desktop) {
+    std::vector<tvok::Form*> forms;
+    for (const auto& form : desktop.Forms()) forms.push_back(form.get());
+    return forms;
 }
+
+/// A popup is a window of its own: what the screen shows where the form is.
+void SaveWithPopups(tvok::Desktop& desktop, const tvok::Form& form, const std::string& file) {
+    tvok::tvok_Rect rect;
+    tvok::host::platform().GetWindowRect(form.hWnd(), rect);
+    desktop.SaveScreen(file, rect);
+}
+
+} // namespace
 
 std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& entry,
                                        const std::vector<std::string>& themes, const std::string& folder) {
     std::filesystem::create_directories(folder);
     std::vector<std::string> files;
-    tvok::Form* before = nullptr; // closed behind the next one: a desktop is over with its last form
     for (const std::string& theme : themes) {
         desktop.SetTheme(tvok::Theme::ByName(theme));
-        std::shared_ptr<Page> page;
-        tvok::Form& form = OpenPage(desktop, entry, page);
-        if (before != nullptr) before->Close();
+        const std::vector<tvok::Form*> before = FormsOf(desktop);
+        const std::shared_ptr<Window> window = Window::Open(desktop, entry.name);
+        for (tvok::Form* form : before) form->Close(); // behind the new one: a desktop is over with its last
         desktop.ProcessEvents(std::chrono::milliseconds(0));
-        for (const Scene& scene : page->Scenes()) {
+        for (const Scene& scene : window->page().Scenes()) {
             scene.act();
             desktop.ProcessEvents(std::chrono::milliseconds(0));
             const std::string name =
                 std::string(entry.name) + "-" + theme + (scene.name.empty() ? "" : "-") + scene.name;
             files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
-            desktop.SaveForm(form, files.back());
+            scene.popups ? SaveWithPopups(desktop, window->form(), files.back())
+                         : desktop.SaveForm(window->form(), files.back());
         }
-        before = &form;
     }
     return files;
 }

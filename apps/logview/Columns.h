@@ -19,7 +19,7 @@ public:
     /// more columns; the last one takes what is left.
     static Columns ByDelimiter(char delimiter, std::size_t count);
     /// One column for each group of a regular expression (ECMAScript). A line that does not match is one
-    /// column. Throws `tvok::Error` that says what is wrong with the pattern.
+    /// column: the last. Throws `tvok::Error` that says what is wrong with the pattern.
     static Columns ByPattern(const std::string& pattern);
     /// What most of these lines look like: tabs, commas or semicolons, or a time, a level and a message.
     static Columns Guess(const std::vector<std::string>& lines);
@@ -30,7 +30,7 @@ public:
     bool FirstLineIsHeader() const {
         return firstLineIsHeader_;
     }                             ///< `Guess` found words where numbers follow.
-    std::string Describe() const; ///< "tab", "comma", "pattern …": the key that settings are remembered by.
+    std::string Describe() const; ///< "line", "delimiter , 3", "pattern …": the key of remembered widths.
 
     /// The line as `Count` cells between tab characters. Tabs inside a cell become blanks.
     std::string Cells(std::string_view line) const;

@@ -1,5 +1,6 @@
 #include "apps/logview/LogFile.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 #include "tvok/records/Error.h"
 
@@ -22,6 +24,7 @@ public:
     explicit Descriptor(int descriptor) : descriptor_(descriptor) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
+    Descriptor(Descriptor&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
     ~Descriptor() {
         if (descriptor_ >= 0) ::close(descriptor_);
     }
@@ -55,17 +58,14 @@ std::size_t ReadAt(int descriptor, const std::string& name, std::uint64_t offset
     return done;
 }
 
+constexpr std::size_t cTail = 64;
+
 class PlainFile : public LogFile {
 public:
-    explicit PlainFile(const std::string& path)
-        : path_(path), file_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-        if (file_.get() < 0) Fail(path, errno);
-        struct stat status {};
-        if (::fstat(file_.get(), &status) != 0) Fail(path, errno);
-        if (S_ISDIR(status.st_mode)) Fail(path, EISDIR);
-        device_ = status.st_dev;
-        inode_ = status.st_ino;
-        size_ = static_cast<std::uint64_t>(status.st_size);
+    PlainFile(std::string path, Descriptor file, const struct stat& status)
+        : path_(std::move(path)), file_(std::move(file)), device_(status.st_dev), inode_(status.st_ino),
+          changed_(status.st_mtim), size_(static_cast<std::uint64_t>(status.st_size)) {
+        tail_ = TailAt(size_);
     }
 
     const std::string& Name() const override { return path_; }
@@ -78,20 +78,38 @@ public:
         struct stat now {};
         if (::fstat(file_.get(), &now) != 0) return FileChange::None;
         const std::uint64_t before = size_;
-        size_ = static_cast<std::uint64_t>(now.st_size);
-        if (size_ < before) return FileChange::Truncated;
-        if (size_ > before) return FileChange::Grown; // what is left of an old file comes before the new one
+        const auto size = static_cast<std::uint64_t>(now.st_size);
+        const bool touched = now.st_mtim.tv_sec != changed_.tv_sec || now.st_mtim.tv_nsec != changed_.tv_nsec;
+        changed_ = now.st_mtim;
+        if (size != before || touched) {
+            // A file that was cut short and has grown past its old size again differs where it ended.
+            const bool same = size >= before && TailAt(before) == tail_;
+            size_ = size;
+            tail_ = TailAt(size);
+            if (!same) return FileChange::Truncated;
+        }
+        if (size > before) return FileChange::Grown; // what is left of an old file comes before the new one
         struct stat there {};
         if (::stat(path_.c_str(), &there) != 0) return FileChange::Removed;
         return there.st_ino == inode_ && there.st_dev == device_ ? FileChange::None : FileChange::Rotated;
     }
 
 private:
+    /// The last bytes before `end`.
+    std::string TailAt(std::uint64_t end) const {
+        const std::uint64_t start = end - std::min<std::uint64_t>(end, cTail);
+        std::string tail(static_cast<std::size_t>(end - start), '\0');
+        tail.resize(Read(start, tail.data(), tail.size()));
+        return tail;
+    }
+
     std::string path_;
     Descriptor file_;
-    dev_t device_ = 0;
-    ino_t inode_ = 0;
-    std::atomic<std::uint64_t> size_ = 0;
+    dev_t device_;
+    ino_t inode_;
+    timespec changed_;
+    std::string tail_; ///< What stood before the end when the size was told last.
+    std::atomic<std::uint64_t> size_;
 };
 
 /// A file that has no name, in the folder for temporary files.
@@ -103,10 +121,12 @@ int UnnamedFile() {
     return descriptor;
 }
 
+/// What comes through a pipe, copied to a file as it comes.
 class SpooledFile : public LogFile {
 public:
-    SpooledFile(int source, std::string name)
-        : name_(std::move(name)), file_(UnnamedFile()), reader_([this, source] { Copy(source); }) {}
+    SpooledFile(Descriptor owned, int source, std::string name)
+        : name_(std::move(name)), owned_(std::move(owned)), file_(UnnamedFile()),
+          reader_([this, source] { Copy(source); }) {}
     ~SpooledFile() override {
         stop_ = true;
         reader_.join();
@@ -123,7 +143,10 @@ public:
         const std::uint64_t now = size_;
         const bool grown = now > told_;
         told_ = now;
-        return grown ? FileChange::Grown : FileChange::None;
+        if (grown) return FileChange::Grown;
+        if (const int failure = failure_.exchange(0); failure != 0)
+            throw tvok::FileError(name_ + ": no more of it can be kept: " + std::strerror(failure));
+        return FileChange::None;
     }
 
 private:
@@ -133,7 +156,7 @@ private:
             pollfd wait{source, POLLIN, 0};
             if (::poll(&wait, 1, 100) == 0) continue;
             const ssize_t got = ::read(source, buffer.data(), buffer.size());
-            if (got < 0 && errno == EINTR) continue;
+            if (got < 0 && (errno == EINTR || errno == EAGAIN)) continue;
             if (got <= 0 || !Append(buffer.data(), static_cast<std::size_t>(got))) return;
         }
     }
@@ -141,7 +164,10 @@ private:
         while (count > 0) {
             const ssize_t put = ::pwrite(file_.get(), bytes, count, static_cast<off_t>(size_.load()));
             if (put < 0 && errno == EINTR) continue;
-            if (put <= 0) return false; // the disk is full: what came so far stays readable
+            if (put <= 0) { // the disk is full: what came so far stays readable
+                failure_ = put < 0 ? errno : ENOSPC;
+                return false;
+            }
             bytes += put;
             count -= static_cast<std::size_t>(put);
             size_ += static_cast<std::uint64_t>(put);
@@ -150,9 +176,11 @@ private:
     }
 
     std::string name_;
+    Descriptor owned_; ///< Of a pipe with a name; standard input is not ours to close.
     Descriptor file_;
     std::atomic<std::uint64_t> size_ = 0;
     std::uint64_t told_ = 0;
+    std::atomic<int> failure_ = 0; ///< Of the write that failed, until it is told.
     std::atomic<bool> stop_ = false;
     std::thread reader_; // last: it uses all of the above
 };
@@ -160,11 +188,22 @@ private:
 } // namespace
 
 std::shared_ptr<LogFile> LogFile::Open(const std::string& path) {
-    return std::make_shared<PlainFile>(path);
+    // Without waiting: a pipe that nobody writes to yet is opened, too.
+    Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (file.get() < 0) Fail(path, errno);
+    struct stat status {};
+    if (::fstat(file.get(), &status) != 0) Fail(path, errno);
+    if (S_ISDIR(status.st_mode)) Fail(path, EISDIR);
+    if (S_ISFIFO(status.st_mode)) {
+        const int source = file.get();
+        return std::make_shared<SpooledFile>(std::move(file), source, path);
+    }
+    if (!S_ISREG(status.st_mode)) throw tvok::FileError(path + ": this is a device, not a file");
+    return std::make_shared<PlainFile>(path, std::move(file), status);
 }
 
 std::shared_ptr<LogFile> LogFile::Spool(int descriptor, const std::string& name) {
-    return std::make_shared<SpooledFile>(descriptor, name);
+    return std::make_shared<SpooledFile>(Descriptor(-1), descriptor, name);
 }
 
 } // namespace logview

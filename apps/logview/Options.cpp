@@ -15,13 +15,15 @@ std::string Usage() {
            "  --pattern REGEX      one column for each group of a regular expression\n"
            "  --columns A,B,...    the columns' names\n"
            "  --find TEXT          look for a text at the start\n"
-           "  --line N             go to a line at the start\n"
+           "  --line N             go to line N of the file at the start\n"
            "  --theme NAME         classic, dark or contrast\n"
            "  --headless FOLDER    write pictures there instead of opening a window\n"
            "  --help               this text\n"
            "\n"
-           "keys: Ctrl+F find, F3 next, Shift+F3 previous, Ctrl+G go to line, F2 mark, F4 next mark,\n"
-           "      Ctrl+C copy as text, Ctrl+Shift+C copy as columns, Ctrl+E follow, Esc back to the log\n";
+           "keys: Ctrl+F find (as you type), F3 next, Shift+F3 previous, Ctrl+G go to line N or select A-B,\n"
+           "      F2 mark, F4 next mark, Shift+F4 previous mark, Shift with a key or a click selects,\n"
+           "      Ctrl+A all, Ctrl+C copy as text, Ctrl+Shift+C as columns, Ctrl+S write to a file,\n"
+           "      Ctrl+E follow, Esc stop, back to the log\n";
 }
 
 namespace {

@@ -31,18 +31,23 @@ public:
     Search(const Search&) = delete;
     Search& operator=(const Search&) = delete;
 
-    /// Looks from `offset` on to the end, or from before `offset` back to the beginning. An empty text finds
-    /// nothing.
-    void Start(std::string text, std::uint64_t offset, Direction direction, Found found);
+    /// Looks from `offset` on to the end, or from before `offset` back to the beginning; where `until` is
+    /// given, a little beyond that place at most. An empty text finds nothing.
+    void Start(std::string text, std::uint64_t offset, Direction direction, Found found,
+               std::optional<std::uint64_t> until = {});
     void Cancel(); ///< Waits for the thread; `found` is not called any more.
     bool IsBusy() const { return busy_; }
+    std::uint64_t Place() const {
+        return place_;
+    } ///< The byte that it has come to, for telling how far it is.
 
 private:
-    std::optional<std::uint64_t> Forward(const std::string& text, std::uint64_t offset) const;
-    std::optional<std::uint64_t> Backward(const std::string& text, std::uint64_t offset) const;
+    std::optional<std::uint64_t> Forward(const std::string& text, std::uint64_t offset, std::uint64_t until);
+    std::optional<std::uint64_t> Backward(const std::string& text, std::uint64_t offset, std::uint64_t until);
 
     std::shared_ptr<const LogFile> file_;
     std::thread thread_;
+    std::atomic<std::uint64_t> place_ = 0;
     std::atomic<bool> stop_ = false;
     std::atomic<bool> busy_ = false;
 };

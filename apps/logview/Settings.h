@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 
 namespace logview {
@@ -17,13 +18,14 @@ public:
 
     std::string Widths(const std::string& kind) const; ///< Empty where none are known.
     void Widths(const std::string& kind, const std::string& widths);
-    /// Writes the file, folder included, where something changed. Throws `tvok::FileError`.
+    /// Writes the file, folder included, where something changed: whole or not at all, and with what others
+    /// wrote since it was read. Throws `tvok::FileError`.
     void Save();
 
 private:
     std::string path_;
     std::map<std::string, std::string> widths_;
-    bool changed_ = false;
+    std::set<std::string> changed_; ///< Kinds that are to be written.
 };
 
 } // namespace logview

@@ -1,18 +1,18 @@
-// The log as rows of the list: opening, indexing, following.
+// The log as rows of the list: opening, indexing, what becomes of the file.
 #include "apps/logview/Viewer.h"
 
 #include <algorithm>
 
 #include "apps/logview/colors.h"
+#include "apps/logview/texts.h"
 
 namespace logview {
 
 namespace {
 
 constexpr auto cLookEvery = std::chrono::milliseconds(150);
-constexpr std::int32_t cMostRowsOneByOne = 20000;
-constexpr std::int32_t cReady = 1;           // `ItemData` of a record whose text is that of its row
 constexpr std::int32_t cSwatch = 0x00001000; // the list's bit for a colour swatch in the icon column
+constexpr std::int32_t cMarksCached = 4096;
 
 } // namespace
 
@@ -20,24 +20,14 @@ Viewer::Viewer(tvok::Desktop& desktop, const Options& options, Settings& setting
     : desktop_(desktop), options_(options), settings_(settings) {
     OpenDocument();
     form_ = &desktop.AddForm(document_->File().Name() + " - log viewer", 1100, 720);
-    list_ = &form_->Add<tvok::qRosterex>("log", {0, 34, 1100, 660});
-    findBox_ = &form_->Add<tvok::TextBox>("find", {52, 6, 260, 22});
-    lineBox_ = &form_->Add<tvok::TextBox>("line", {372, 6, 110, 22});
-    list_->BorderStyle(0);
-    list_->MultiSelect(1);
-    list_->GridlineWidth(0);
-    list_->ItemHeight(18);
-    list_->HeaderHeight(22);
-    list_->CX_TEXT(16);
-    list_->IconCX(4);
-    list_->IconCY(4);
-    list_->FileBufCreate(4096);
-    list_->ClearText("The log is empty.");
-    list_->ViewMode(options_.newestFirst ? 0 : 1);
+    SetUpList();
     MakeColumns();
     ConnectEvents();
     PlaceControls();
+    wantedLine_ = static_cast<std::uint64_t>(options_.line);
+    document_->Index().WaitForFirstLines();
     TakeProgress();
+    if (!options_.find.empty()) findBox_->Text(options_.find);
     form_->ComponentOf(*list_).SetFocus();
 }
 
@@ -45,30 +35,40 @@ Viewer::~Viewer() {
     *alive_ = false;
 }
 
-void Viewer::OpenDocument() {
-    const auto progress = [this, alive = std::weak_ptr(alive_)] {
-        desktop_.Post([this, alive] {
-            if (const auto flag = alive.lock(); flag && *flag) TakeProgress();
+bool Viewer::IsBusy() const {
+    return document_->Index().IsBusy() || document_->Search().IsBusy() || copier_.IsBusy();
+}
+
+std::function<void()> Viewer::Later(std::function<void()> action) {
+    return [this, alive = std::weak_ptr(alive_), action = std::move(action)] {
+        desktop_.Post([alive, action] {
+            if (const auto flag = alive.lock(); flag && *flag) action();
         });
     };
-    document_ = std::make_unique<Document>(options_, progress);
+}
+
+void Viewer::OpenDocument() {
+    document_ = std::make_unique<Document>(options_, Later([this] { TakeProgress(); }));
 }
 
 void Viewer::Restart(const std::string& why) {
     settings_.Widths(document_->Columns().Describe(), list_->HeaderWidths());
-    document_.reset();
-    OpenDocument();
+    OpenDocument(); // where this throws, the old one stays
     marks_.clear();
     shownRows_ = seenRow_ = startRows_ = 0;
+    wantedLine_ = 0;
+    wantedPlace_.reset();
+    liveFrom_.reset();
     indexed_ = false;
     list_->HeaderClear();
-    list_->FileBufCreate(4096);
+    list_->FileBufCreate(cMarksCached);
+    list_->MultiSelect(1); // ends a range, which emptying the list leaves
     list_->Clear();
     MakeColumns();
-    Say(why);
+    SayOfFile(why);
 }
 
-// Following.
+// Progress.
 
 void Viewer::Turn() {
     if (!open_) return;
@@ -78,71 +78,63 @@ void Viewer::Turn() {
     try {
         LookAtFile();
     } catch (const tvok::Error& error) {
-        Say(error.what());
+        SayOfFile(error.what());
     }
+    if (document_->Rows() != shownRows_) TakeProgress(); // a thumb that was held has kept rows back
+    if (document_->Search().IsBusy() || copier_.IsBusy()) InvalidateStatus();
 }
 
 void Viewer::LookAtFile() {
     switch (document_->File().Look()) {
     case FileChange::None: break;
     case FileChange::Grown: document_->Index().Extend(); break;
-    case FileChange::Truncated: Restart("The file was cut short: it is read anew."); break;
+    case FileChange::Truncated: Restart("The file was cut short or written anew: it is read again."); break;
     case FileChange::Rotated: Restart("The file was replaced: this is the new one."); break;
     case FileChange::Removed:
-        Say("The file was removed. What was read of it stays until this window closes.");
+        SayOfFile("The file was removed: what was read of it stays until this window closes.");
         break;
     }
 }
 
-void Viewer::TakeProgress() {
-    if (!open_) return;
-    ShowRows();
-    if (!document_->Index().IsBusy()) {
-        if (const std::string error = document_->Index().Error(); !error.empty()) Say(error);
-        if (!indexed_) {
-            indexed_ = true;
-            startRows_ = shownRows_;
-            GoToStart();
-        }
-    }
+void Viewer::SayOfFile(const std::string& state) {
+    if (fileState_ == state) return;
+    fileState_ = state;
     InvalidateStatus();
 }
 
-void Viewer::ShowRows() {
-    const std::int32_t rows = document_->Rows();
-    if (rows == shownRows_) {
-        if (indexed_ && rows > 0) list_->DrawItem(rows); // the last line may have grown
-        return;
+void Viewer::TakeProgress() {
+    if (!open_) return;
+    if (marks_.empty() && document_->LookAtColumnsAgain(options_)) {
+        list_->HeaderClear();
+        MakeColumns();
+        shownRows_ = document_->Rows(); // one less where the first line turned out to hold the names
+        list_->Count(shownRows_);
     }
-    const std::int32_t before = shownRows_;
-    shownRows_ = rows;
-    if (!indexed_ || rows - before > cMostRowsOneByOne)
-        list_->Count(rows);
-    else
-        AddRows(rows - before);
-    if (before > 0) list_->DrawItem(before);
-    if (options_.follow && !indexed_) GoTo(rows);
-}
-
-void Viewer::AddRows(std::int32_t rows) {
-    for (std::int32_t i = 0; i < rows; ++i) {
-        if (options_.newestFirst)
-            list_->AddItemTop();
-        else
-            list_->AddItemButtom();
+    ShowRows();
+    if (list_->ListIndex() == 0 && !options_.newestFirst) list_->ListIndex(1); // once there is one
+    if (!document_->Index().IsBusy()) {
+        if (const std::string error = document_->Index().Error(); !error.empty()) SayOfFile(error);
+        if (!indexed_) {
+            indexed_ = true;
+            startRows_ = shownRows_;
+            list_->ClearText("The log is empty.");
+            if (options_.follow && list_->ListIndex() <= 1 && wantedLine_ == 0) GoTo(shownRows_);
+        }
     }
+    GoToWanted();
+    InvalidateStatus();
 }
 
-std::int32_t Viewer::NewLinesUnseen() const {
-    return shownRows_ - std::max(seenRow_, startRows_);
-}
-
-// Rows.
+// What the list asks for.
 
 void Viewer::GiveRow(std::int32_t row, tvok::qrosterdata& record) {
-    seenRow_ = std::max(seenRow_, row);
+    paintedRow_ = row;
+    if (row > seenRow_) {
+        seenRow_ = row;
+        InvalidateStatus();
+    }
     // The last line may still grow, so it is cut anew each time.
-    if (record.ItemDataEx != row || record.ItemData != cReady || row == shownRows_) FillRecord(row, record);
+    if (record.ItemDataEx != row || record.ItemData != row || row == shownRows_) FillRecord(row, record);
     record.vflag = list_->FileBufValue(row) != 0 ? cSwatch : 0;
 }
 
@@ -151,10 +143,10 @@ void Viewer::FillRecord(std::int32_t row, tvok::qrosterdata& record) {
     record.IconPos = 0;
     record.IconBackColor = colors::Mark();
     try {
-        const std::string line = document_->Text(row);
+        const std::string line = Shown(document_->Text(row));
         record.text = document_->Columns().Cells(line);
         record.fcolor = colors::Of(SeverityOf(line));
-        record.ItemData = cReady;
+        record.ItemData = row; // which is what `ClearItemData` looks for
     } catch (const tvok::Error& error) {
         record.text = error.what();
     }

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 #include "apps/logview/Columns.h"
@@ -13,34 +14,11 @@
 #include "apps/logview/Options.h"
 #include "apps/logview/Search.h"
 #include "apps/logview/Settings.h"
+#include "tests/apps/LogviewFiles.h"
 #include "tvok/records/Error.h"
 
 namespace logview {
 namespace {
-
-class LogviewFiles : public testing::Test {
-protected:
-    LogviewFiles() {
-        folder_ = std::filesystem::temp_directory_path() / ("tvok-logview-" + std::to_string(::getpid()));
-        std::filesystem::create_directories(folder_);
-    }
-    ~LogviewFiles() override { std::filesystem::remove_all(folder_); }
-
-    std::string Path(const char* name) const { return (folder_ / name).string(); }
-    std::string Write(const char* name, const std::string& bytes, bool append = false) const {
-        std::ofstream(Path(name), append ? std::ios::app | std::ios::binary : std::ios::binary) << bytes;
-        return Path(name);
-    }
-
-private:
-    std::filesystem::path folder_;
-};
-
-std::string Numbered(int lines) {
-    std::string bytes;
-    for (int i = 0; i < lines; ++i) bytes += "line " + std::to_string(i) + std::string(i % 7, 'x') + "\n";
-    return bytes;
-}
 
 TEST_F(LogviewFiles, LinesAreFoundWhereverTheyStand) {
     const auto file = LogFile::Open(Write("a", Numbered(3000)));
@@ -48,8 +26,8 @@ TEST_F(LogviewFiles, LinesAreFoundWhereverTheyStand) {
     index.Wait();
     ASSERT_EQ(index.Lines(), 3000U);
     for (const std::uint64_t line : {0U, 1U, 255U, 256U, 257U, 2047U, 2048U, 100U, 2999U})
-        EXPECT_EQ(index.TextOf(line), "line " + std::to_string(line) + std::string(line % 7, 'x'));
-    EXPECT_EQ(index.TextOf(3000), "");
+        EXPECT_EQ(index.TextOf(line, 100), "line " + std::to_string(line) + std::string(line % 7, 'x'));
+    EXPECT_EQ(index.TextOf(3000, 100), "");
 }
 
 TEST_F(LogviewFiles, APlaceBelongsToTheLineThatItStandsIn) {
@@ -68,14 +46,14 @@ TEST_F(LogviewFiles, ALineWithoutAnEndCountsOnceItIsNotEmpty) {
     LineIndex index(file, [] {});
     index.Wait();
     EXPECT_EQ(index.Lines(), 2U);
-    EXPECT_EQ(index.TextOf(0), "one");
-    EXPECT_EQ(index.TextOf(1), "two");
+    EXPECT_EQ(index.TextOf(0, 100), "one");
+    EXPECT_EQ(index.TextOf(1, 100), "two");
     Write("a", " and more\nthree\n", true);
     EXPECT_EQ(file->Look(), FileChange::Grown);
     index.Extend();
     index.Wait();
     EXPECT_EQ(index.Lines(), 3U);
-    EXPECT_EQ(index.TextOf(1), "two and more");
+    EXPECT_EQ(index.TextOf(1, 100), "two and more");
 }
 
 TEST_F(LogviewFiles, TheIndexTakesLessThanAByteForEightLines) {
@@ -84,6 +62,42 @@ TEST_F(LogviewFiles, TheIndexTakesLessThanAByteForEightLines) {
     index.Wait();
     EXPECT_EQ(index.Lines(), 1000000U);
     EXPECT_LT(index.MemoryUsed(), 1000000U / 8);
+}
+
+TEST_F(LogviewFiles, LongLinesHaveMarksOfTheirOwn) {
+    std::string bytes;
+    for (int i = 0; i < 20; ++i) bytes += std::to_string(i) + ":" + std::string(400000, 'x') + "\n";
+    const auto file = LogFile::Open(Write("a", bytes));
+    LineIndex index(file, [] {});
+    index.Wait();
+    ASSERT_EQ(index.Lines(), 20U);
+    EXPECT_GT(index.MemoryUsed(), 5 * sizeof(std::uint64_t) * 2); // not one mark alone for the 20 lines
+    for (const std::uint64_t line : {19U, 0U, 7U, 12U}) {
+        EXPECT_EQ(index.TextOf(line, 4), (std::to_string(line) + ":xxx").substr(0, 4));
+        EXPECT_EQ(index.LineAt(index.OffsetOf(line) + 399999), line);
+    }
+    EXPECT_EQ(index.EndOf(19), bytes.size());
+    EXPECT_EQ(index.EndOf(3), index.OffsetOf(4));
+}
+
+TEST_F(LogviewFiles, LineFeedsAreCountedInPiecesOfEverySize) {
+    std::string bytes;
+    for (std::size_t i = 0; i < 40000; ++i) bytes += i % 7 == 0 || i % 3 == 0 ? '\n' : 'x';
+    for (const std::size_t size : {0U, 1U, 31U, 63U, 64U, 65U, 4096U, 16319U, 16320U, 16321U, 40000U})
+        EXPECT_EQ(CountLineFeeds(bytes.data(), size),
+                  static_cast<std::uint64_t>(
+                      std::count(bytes.begin(), bytes.begin() + static_cast<int>(size), '\n')));
+    const std::string feeds(40000, '\n');
+    EXPECT_EQ(CountLineFeeds(feeds.data(), feeds.size()), 40000U);
+}
+
+TEST_F(LogviewFiles, AnEmptyFileHasNoLines) {
+    const auto file = LogFile::Open(Write("a", ""));
+    LineIndex index(file, [] {});
+    index.WaitForFirstLines();
+    EXPECT_EQ(index.Lines(), 0U);
+    EXPECT_EQ(index.TextOf(0, 100), "");
+    EXPECT_EQ(index.LineAt(0), 0U);
 }
 
 TEST_F(LogviewFiles, WhatBecomesOfAFileIsNoticed) {
@@ -99,9 +113,44 @@ TEST_F(LogviewFiles, WhatBecomesOfAFileIsNoticed) {
     EXPECT_EQ(file->Look(), FileChange::Rotated);
 }
 
+TEST_F(LogviewFiles, AFileThatIsCutAndGrowsPastItsOldSizeIsNoticed) {
+    const std::string path = Write("a", "one\ntwo\n");
+    const auto file = LogFile::Open(path);
+    Write("a", "other lines, and more of them\n");
+    EXPECT_EQ(file->Look(), FileChange::Truncated);
+    Write("a", "grown\n", true);
+    EXPECT_EQ(file->Look(), FileChange::Grown);
+    EXPECT_EQ(file->Look(), FileChange::None);
+}
+
+std::string WordsOf(const std::string& path) {
+    try {
+        LogFile::Open(path);
+    } catch (const tvok::FileError& error) {
+        return error.what();
+    }
+    return {};
+}
+
 TEST_F(LogviewFiles, AFileThatCannotBeOpenedSaysWhy) {
-    EXPECT_THROW(LogFile::Open(Path("none")), tvok::FileError);
-    EXPECT_THROW(LogFile::Open(std::filesystem::temp_directory_path().string()), tvok::FileError);
+    EXPECT_THAT(WordsOf(Path("none")), testing::HasSubstr("no such file"));
+    EXPECT_THAT(WordsOf(std::filesystem::temp_directory_path().string()), testing::HasSubstr("a folder"));
+    EXPECT_THAT(WordsOf("/dev/null"), testing::HasSubstr("a device"));
+    if (::geteuid() == 0) return; // who may read everything
+    ::chmod(Write("secret", "x").c_str(), 0);
+    EXPECT_THAT(WordsOf(Path("secret")), testing::HasSubstr("may not be read"));
+}
+
+TEST_F(LogviewFiles, APipeIsReadAsItsBytesArrive) {
+    ASSERT_EQ(::mkfifo(Path("pipe").c_str(), 0600), 0);
+    const auto file = LogFile::Open(Path("pipe")); // before anyone writes to it
+    EXPECT_EQ(file->Look(), FileChange::None);
+    Write("pipe", "one\n");
+    while (file->Size() < 4) std::this_thread::yield();
+    EXPECT_EQ(file->Look(), FileChange::Grown);
+    char bytes[8] = {};
+    EXPECT_EQ(file->Read(0, bytes, sizeof bytes), 4U);
+    EXPECT_STREQ(bytes, "one\n");
 }
 
 TEST_F(LogviewFiles, FindsForwardsAndBackwardsAcrossBlocks) {
@@ -125,6 +174,8 @@ TEST_F(LogviewFiles, FindsForwardsAndBackwardsAcrossBlocks) {
     EXPECT_EQ(find("needle", bytes.size() - 6, Search::Direction::Backward), across);
     EXPECT_EQ(find("needle", across, Search::Direction::Backward), std::nullopt);
     EXPECT_EQ(find("", 0, Search::Direction::Forward), std::nullopt);
+    EXPECT_EQ(find("n", 0, Search::Direction::Forward), across); // either case of a letter
+    EXPECT_EQ(find("e", bytes.size(), Search::Direction::Backward), bytes.size() - 1);
 }
 
 TEST_F(LogviewFiles, WidthsAreRememberedForEachKindOfLog) {
@@ -132,6 +183,13 @@ TEST_F(LogviewFiles, WidthsAreRememberedForEachKindOfLog) {
     first.Widths("delimiter , 3", "100-200-300");
     first.Save();
     EXPECT_EQ(Settings(Path("config/logview.toml")).Widths("delimiter , 3"), "100-200-300");
+    Settings other(Path("config/logview.toml"));
+    first.Widths("line", "7");
+    first.Save();
+    other.Widths("delimiter ; 2", "1-2");
+    other.Save(); // which keeps what the first one wrote meanwhile
+    EXPECT_EQ(Settings(Path("config/logview.toml")).Widths("line"), "7");
+    EXPECT_EQ(Settings(Path("config/logview.toml")).Widths("delimiter ; 2"), "1-2");
     Write("broken.toml", "[widths\n");
     EXPECT_EQ(Settings(Path("broken.toml")).Widths("delimiter , 3"), "");
 }

@@ -143,6 +143,22 @@ TEST_F(Dgi, PointsToPixelsIgnoresErrors) {
     EXPECT_NO_THROW(dgi::PointsToPixels(9));
 }
 
+TEST_F(Dgi, TwipsBecomeWholePixelsWithBothNumbersRoundedAndTheFractionCut) {
+    EXPECT_EQ(dgi::TwipsToPixels(300, 15), 20);
+    EXPECT_EQ(dgi::TwipsToPixels(314, 15), 20);
+    EXPECT_EQ(dgi::TwipsToPixels(314.5f, 15), 20) << "314.5 rounds down to the even 314";
+    EXPECT_EQ(dgi::TwipsToPixels(314.6f, 15), 21);
+    EXPECT_EQ(dgi::TwipsToPixels(100, 14.6f), 6) << "a pixel of 15";
+    EXPECT_EQ(dgi::TwipsToPixels(-14, 15), 0) << "cut towards 0";
+    EXPECT_EQ(dgi::TwipsToPixels(-30, 15), -2);
+}
+
+TEST_F(Dgi, TwipsThatGiveNoPixelsAreAnOverflow) {
+    EXPECT_THROW(dgi::TwipsToPixels(300, 0.4f), OverflowError);
+    EXPECT_THROW(dgi::TwipsToPixels(1e30f, 15), OverflowError);
+    EXPECT_THROW(dgi::TwipsToPixels(-2147483648.0f, -1), OverflowError);
+}
+
 void SetFace(host::LogFont& font, std::string face) {
     face.resize(sizeof font.lfFaceName);
     face.copy(font.lfFaceName, face.size());

@@ -12,17 +12,15 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/RandomRuns.h"
 #include "tvok/tvok.h"
 
 namespace tvok {
 namespace {
 
 using desktop::MouseButton;
-
-std::uint32_t FromEnvironment(const char* name, std::uint32_t otherwise) {
-    const char* text = std::getenv(name);
-    return text != nullptr ? static_cast<std::uint32_t>(std::strtoul(text, nullptr, 10)) : otherwise;
-}
+using test::FromEnvironment;
+using test::WatchedServices;
 
 class SteppedClock : public Clock {
 public:
@@ -32,29 +30,6 @@ public:
 
 /// What a handler throws now and then. It is no error of the library, so none of those can pass for it.
 struct HandlersOwn : std::exception {};
-
-/// Passes everything on and remembers the message hook that was made last.
-class WatchedServices : public host::Services {
-public:
-    explicit WatchedServices(host::Services& next) : next_(next) {}
-    std::unique_ptr<host::MessageHook> CreateMessageHook() override {
-        auto made = next_.CreateMessageHook();
-        hook = made.get();
-        return made;
-    }
-    std::unique_ptr<host::WindowHook> CreateWindowHook() override { return next_.CreateWindowHook(); }
-    const host::Screen& Screen() const override { return next_.Screen(); }
-    const host::StringResources& StringResources() const override { return next_.StringResources(); }
-    host::TemporaryFiles& TemporaryFiles() override { return next_.TemporaryFiles(); }
-    host::ColorPicker& ColorPicker() override { return next_.ColorPicker(); }
-    const host::Language& Language() const override { return next_.Language(); }
-    std::int32_t ThreadID() const override { return next_.ThreadID(); }
-
-    host::MessageHook* hook = nullptr;
-
-private:
-    host::Services& next_;
-};
 
 /// Calm handlers edit records and remove items where they are asked to. Wild ones also call any member,
 /// throw, and remove the list itself. A handler of `Change` that acts leaves the selected bits of both items

@@ -7,7 +7,15 @@ namespace {
 std::atomic<std::uint64_t> allocations{0};
 } // namespace
 
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define TVOK_HEAP_OF_ITS_OWN 1
+#endif
+#elif defined(__SANITIZE_ADDRESS__)
+#define TVOK_HEAP_OF_ITS_OWN 1
+#endif
+
+#if defined(__GLIBC__) && !defined(TVOK_HEAP_OF_ITS_OWN)
 
 // The C library lets a program put its own functions in place of these and keeps its heap behind other names.
 extern "C" {

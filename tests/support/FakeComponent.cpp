@@ -109,6 +109,11 @@ void FakeComponent::BackColor(OLE_COLOR color) {
     backColor_ = color;
 }
 
+void FakeComponent::ForeColor(OLE_COLOR color) {
+    log.Add(PlainCall("ForeColor", {color}));
+    foreColor_ = color;
+}
+
 void FakeComponent::Font(const host::Font& from) {
     log.Add(PlainCall("Font", {static_cast<std::int32_t>(from.Size())}, from.Name()));
     font->value = host::ValueOf(from);

@@ -117,6 +117,7 @@ public:
     };
     Surroundings ambient;
     std::shared_ptr<FakeFont> font = std::make_shared<FakeFont>(log);
+    std::int16_t pointer = 0; ///< `MousePointer` as it was written last.
 
     /// Sends a message to the hooked window; what the handler leaves of "goes on to normal processing".
     bool Send(std::int32_t message, std::int32_t wParam = 0, std::int32_t lParam = 0, bool process = true);
@@ -138,8 +139,8 @@ public:
     void ZOrder(std::int32_t) override {}
     OLE_COLOR BackColor() const override { return backColor_; }
     void BackColor(OLE_COLOR color) override;
-    OLE_COLOR ForeColor() const override { return 0; }
-    void ForeColor(OLE_COLOR) override {}
+    OLE_COLOR ForeColor() const override { return foreColor_; }
+    void ForeColor(OLE_COLOR color) override;
     host::FontPtr Font() const override { return font; }
     void Font(const host::Font& from) override;
     bool FontTransparent() const override { return fontTransparent_; }
@@ -148,8 +149,8 @@ public:
     void Appearance(std::int16_t appearance) override;
     std::int16_t BorderStyle() const override { return borderStyle_; }
     void BorderStyle(std::int16_t style) override;
-    std::int16_t MousePointer() const override { return 0; }
-    void MousePointer(std::int16_t) override {}
+    std::int16_t MousePointer() const override { return pointer; }
+    void MousePointer(std::int16_t shape) override { pointer = shape; }
     float TextWidth(std::string_view text) const override { return static_cast<float>(text.size()) * 90; }
     void SetFocus() override {}
     void Refresh() override {}
@@ -165,6 +166,7 @@ public:
 private:
     std::int32_t border_;
     OLE_COLOR backColor_ = 0;
+    OLE_COLOR foreColor_ = 0;
     bool fontTransparent_ = false;
     std::int16_t appearance_ = 0;
     std::int16_t borderStyle_ = 0;

@@ -140,19 +140,11 @@ public:
     std::unique_ptr<host::MessageHook> CreateMessageHook() override {
         return std::make_unique<TwoBarHook>(log_, hook);
     }
-    host::TemporaryFiles& TemporaryFiles() override { return files; }
+    host::TemporaryFiles* other = nullptr; ///< In place of `files`, where set.
+    host::TemporaryFiles& TemporaryFiles() override { return other != nullptr ? *other : files; }
 
 private:
     CallLog& log_;
-};
-
-class PointerComponent : public FakeComponent {
-public:
-    using FakeComponent::FakeComponent;
-    std::int16_t pointer = 0;
-    using FakeComponent::MousePointer;
-    std::int16_t MousePointer() const override { return pointer; }
-    void MousePointer(std::int16_t shape) override { pointer = shape; }
 };
 
 struct LargeListSetup {
@@ -197,7 +189,7 @@ public:
     FakeLargeList(const FakeLargeList&) = delete;
     FakeLargeList& operator=(const FakeLargeList&) = delete;
 
-    PointerComponent component;
+    FakeComponent component;
     LargeListServices services;
     FakeBag bag;
     std::unique_ptr<qRosterex> owner = std::make_unique<qRosterex>();
@@ -260,6 +252,7 @@ public:
 
     // Messages; points are client pixels.
     void Send(std::int32_t message, std::int32_t x, std::int32_t y, std::int32_t buttons) {
+        if (services.hook == nullptr) return; // a list that has ended hears nothing
         std::int32_t result = 0;
         bool process = true;
         hook().events.RtMsg(message, buttons, dgi::LParamFromPoint(x, y), result, process);

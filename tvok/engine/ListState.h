@@ -52,7 +52,8 @@ struct ListState {
     std::int32_t GridlineWidth = 0;
     OLE_COLOR GridlineColor = c3DLight;
     bool GridlineOnBorder = false; ///< Grid lines also run along the outer edges.
-    std::int32_t FocusHwnd = 0;    ///< Window compared with `GetFocus`: the control's own.
+    std::int32_t FocusHwnd = 0;    ///< Window compared with `GetFocus`: the control's own, but of a popup
+                                   ///< the one that had the focus when it opened.
     Variant TmpData;               ///< The host's.
     std::string TmpKey;            ///< The host's.
     std::string TabStopSettingStr; ///< Comma-separated widths of tab columns.

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string_view>
 
+#include "tvok/engine/drawingscopes.h"
 #include "tvok/records/Error.h"
 #include "tvok/records/numeric.h"
 #include "tvok/records/text.h"
@@ -11,33 +12,6 @@ namespace tvok::dgi {
 namespace {
 
 using host::platform;
-
-/// A drawing object that is freed with its scope.
-class Owned {
-public:
-    explicit Owned(host::Handle object) : object_(object) {}
-    Owned(const Owned&) = delete;
-    Owned& operator=(const Owned&) = delete;
-    ~Owned() { platform().DeleteObject(object_); }
-    host::Handle handle() const { return object_; }
-
-private:
-    host::Handle object_;
-};
-
-/// An object that is in use for a scope; the one before is selected back.
-class Selected {
-public:
-    Selected(host::Handle hDC, host::Handle object)
-        : hDC_(hDC), before_(platform().SelectObject(hDC, object)) {}
-    Selected(const Selected&) = delete;
-    Selected& operator=(const Selected&) = delete;
-    ~Selected() { platform().SelectObject(hDC_, before_); }
-
-private:
-    host::Handle hDC_;
-    host::Handle before_;
-};
 
 Owned SolidBrush(OLE_COLOR color) {
     return Owned(platform().CreateSolidBrush(TranslateColor(color)));
@@ -133,6 +107,13 @@ std::int32_t PointsToPixels(float points) {
     std::int32_t pixels = 0;
     quietly([&] { pixels = RoundToInt32(std::abs(double{points} * ScreenPixelsPerInch() / 72)); });
     return pixels;
+}
+
+std::int32_t TwipsToPixels(float twips, float twipsPerPixel) {
+    const std::int64_t dividend = RoundToInt32(double{twips});
+    const std::int64_t divisor = RoundToInt32(double{twipsPerPixel});
+    if (divisor == 0) throw OverflowError("a pixel has no twips");
+    return ToInt32(dividend / divisor);
 }
 
 bool GetSystemFont(std::string& name, float& size) {

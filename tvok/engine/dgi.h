@@ -35,6 +35,9 @@ std::int32_t LParamFromPoint(std::int32_t x, std::int32_t y);
 
 /// Pixels of a font of this size; 0 where it cannot be told.
 std::int32_t PointsToPixels(float points);
+/// Whole pixels of a length or place in twips: both numbers are rounded, and the quotient loses its fraction.
+/// Throws `OverflowError` where the result does not fit or `twipsPerPixel` rounds to 0.
+std::int32_t TwipsToPixels(float twips, float twipsPerPixel);
 
 /// Face name and size of the default GUI font. False when it cannot be read.
 bool GetSystemFont(std::string& name, float& size);

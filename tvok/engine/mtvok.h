@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "tvok/engine/ItemSlots.h"
@@ -41,6 +42,11 @@ void DrawItemAt(ListState& state, std::int32_t index, ItemSlots& items, IndexArr
 /// Paints all cells that meet the rectangle.
 void DrawItems(ListState& state, const tvok_Rect& rect, ItemSlots& items, IndexArray& indexes,
                const CellTable& cells, cExdrawCallback& callback, bool focus);
+/// The same for a control that paints each item itself: `paintItem` gets the index of a cell on the page,
+/// which starts at `first` and goes on from what is left in it. Blank cells and the filler are painted here.
+void DrawCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
+               cExdrawCallback& callback, std::int64_t first,
+               const std::function<void(std::int32_t&)>& paintItem);
 void ResolveIconPos(std::int32_t itemIconPos, std::int32_t& left, std::int32_t& top, std::int32_t& width,
                     std::int32_t& height, std::int32_t cellHeight, std::int32_t areaWidth,
                     std::int32_t listIconPos);
@@ -74,6 +80,8 @@ std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const 
 /// selection, and entry 0 is left as the last swap of these steps leaves it.
 void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive);
+/// The first position from 1 to `count` that names the slot, or 0.
+std::int32_t PositionOfSlot(std::int32_t slot, const IndexArray& indexes, std::int32_t count);
 /// Sorts by `SortedMode`, keeps the current item current and repaints. Nothing when the mode is 0.
 void ResortItems(ListState& state, const ItemSlots& items, IndexArray& indexes);
 

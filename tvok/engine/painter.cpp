@@ -207,6 +207,38 @@ bool Meets(const tvok_Rect& cell, std::int32_t line, const tvok_Rect& rect) {
     return host::Platform::IntersectRect(common, dgi::InflatedRect(cell, line), rect);
 }
 
+/// Goes through the cells of the page from the item `index` on; `paintItem` may change the index it is given.
+template<class PaintItem>
+void WalkCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
+               cExdrawCallback& callback, std::int64_t index, const PaintItem& paintItem) {
+    // True is 1 here, so this never ends the painting, and nothing else asks for an empty rectangle: the
+    // filler cells are painted for one as well. That stays.
+    if (host::Platform::IsRectEmpty(rect) == -1) return;
+    const auto columns = state.GridCols;
+    const auto rows = state.GridRows;
+    if (columns > cells.UpperColumn() || rows > cells.UpperRow()) return;
+    for (std::int32_t row = 1; row <= rows; ++row) {
+        for (std::int32_t column = 1; column <= columns; ++column) {
+            state.CurCol = column;
+            state.CurRow = row;
+            state.CellRect = cells(column, row);
+            if (column == columns) {
+                DrawBlank(state, items, callback);
+                continue;
+            }
+            const auto present = index++;
+            if (!Meets(state.CellRect, state.GridlineWidth, rect)) continue;
+            if (present > state.Count) {
+                DrawBlank(state, items, callback);
+                continue;
+            }
+            auto painted = static_cast<std::int32_t>(present);
+            paintItem(painted);
+            index += std::int64_t{painted} - present;
+        }
+    }
+}
+
 } // namespace
 
 void DrawListItem(ListState& state, const qrosterdata& item, cExdrawCallback& callback, bool focus) {
@@ -233,32 +265,18 @@ void DrawItemAt(ListState& state, std::int32_t index, ItemSlots& items, IndexArr
 
 void DrawItems(ListState& state, const tvok_Rect& rect, ItemSlots& items, IndexArray& indexes,
                const CellTable& cells, cExdrawCallback& callback, bool focus) {
-    // True is 1 here, so this never ends the painting, and nothing else asks for an empty rectangle: the
-    // filler cells are painted for one as well. That stays.
-    if (host::Platform::IsRectEmpty(rect) == -1) return;
-    auto index = std::int64_t{state.TopRow} * state.xn + 1;
-    const auto columns = state.GridCols;
-    const auto rows = state.GridRows;
-    if (columns > cells.UpperColumn() || rows > cells.UpperRow()) return;
-    for (std::int32_t row = 1; row <= rows; ++row) {
-        for (std::int32_t column = 1; column <= columns; ++column) {
-            state.CurCol = column;
-            state.CurRow = row;
-            state.CellRect = cells(column, row);
-            if (column == columns) {
-                DrawBlank(state, items, callback);
-                continue;
-            }
-            const auto present = index++;
-            if (!Meets(state.CellRect, state.GridlineWidth, rect)) continue;
-            if (present > state.Count) {
-                DrawBlank(state, items, callback);
-                continue;
-            }
-            state.CurItem = static_cast<std::int32_t>(present);
-            DrawItemAt(state, state.CurItem, items, indexes, cells, callback, column, row, focus);
-        }
-    }
+    WalkCells(state, rect, items, cells, callback, std::int64_t{state.TopRow} * state.xn + 1,
+              [&](std::int32_t& index) {
+                  state.CurItem = index;
+                  DrawItemAt(state, index, items, indexes, cells, callback, state.CurCol, state.CurRow,
+                             focus);
+              });
+}
+
+void DrawCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
+               cExdrawCallback& callback, std::int64_t first,
+               const std::function<void(std::int32_t&)>& paintItem) {
+    WalkCells(state, rect, items, cells, callback, first, paintItem);
 }
 
 void ResolveIconPos(std::int32_t itemIconPos, std::int32_t& left, std::int32_t& top, std::int32_t& width,

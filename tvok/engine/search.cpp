@@ -67,12 +67,18 @@ std::string TrimmedUpper(std::string_view text) {
     return UpperCaseMatch::Language().UpperCase(Trim(text));
 }
 
-/// The first position from `first` to `last` whose text `matches`, or 0.
+/// The first position from `first` to `last` whose text `matches`, or 0. Neighbours that show one slot, as
+/// all items of a virtual list do, are compared once.
 template<class Matches>
 std::int32_t FirstMatch(const ItemSlots& items, const IndexArray& indexes, std::int32_t first,
                         std::int32_t last, const Matches& matches) {
-    for (std::int32_t i = first; i <= last; ++i)
-        if (matches(items[indexes[i]].text)) return i;
+    std::int32_t tried = -1;
+    for (std::int32_t i = first; i <= last; ++i) {
+        const std::int32_t slot = indexes[i];
+        if (slot == tried) continue;
+        if (matches(items[slot].text)) return i;
+        tried = slot;
+    }
     return 0;
 }
 

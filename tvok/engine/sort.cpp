@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tvok/engine/mtvok.h"
+#include "tvok/engine/sortkeys.h"
 #include "tvok/host/Platform.h"
 #include "tvok/host/Services.h"
 #include "tvok/records/Error.h"
@@ -14,26 +15,10 @@ namespace {
 
 constexpr std::int32_t kShortRun = 10;
 
-/// A text as bytes whose plain comparison gives the order, with the first eight of them as a number.
-struct Key {
-    std::uint64_t front = 0;
-    const char* bytes = nullptr;
-    std::uint32_t size = 0;
-    std::uint32_t place = 0; ///< Entry of the range that the key belongs to, from 0.
-
-    std::string_view text() const { return {bytes, size}; }
-    friend bool operator<(const Key& a, const Key& b) {
-        return a.front != b.front ? a.front < b.front : a.text() < b.text();
-    }
-    friend bool operator==(const Key& a, const Key& b) { return a.front == b.front && a.text() == b.text(); }
+/// The key of an entry of the range.
+struct Key : TextKey {
+    std::uint32_t place = 0; ///< From 0.
 };
-
-std::uint64_t Front(std::string_view text) {
-    std::uint64_t front = 0;
-    for (std::size_t i = 0; i < sizeof front; ++i)
-        front = front << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
-    return front;
-}
 
 /// The keys of a range of entries, made once each.
 class Keys {
@@ -69,8 +54,7 @@ public:
 
 private:
     void Set(std::size_t place, std::string_view text) {
-        keys_[place] = {Front(text), text.data(), static_cast<std::uint32_t>(text.size()),
-                        static_cast<std::uint32_t>(place)};
+        keys_[place] = {TextKey(text), static_cast<std::uint32_t>(place)};
     }
 
     template<class TextOf>
@@ -193,14 +177,13 @@ void SortEntries(std::vector<Entry>& entries, bool distinct, std::int32_t& scrat
     entries.swap(ordered);
 }
 
-/// Position of a slot in display order, or 0.
-std::int32_t PositionOf(std::int32_t slot, const IndexArray& indexes, std::int32_t count) {
+} // namespace
+
+std::int32_t PositionOfSlot(std::int32_t slot, const IndexArray& indexes, std::int32_t count) {
     for (std::int32_t i = 1; i <= count; ++i)
         if (indexes[i] == slot) return i;
     return 0;
 }
-
-} // namespace
 
 void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive) {
@@ -224,7 +207,7 @@ void ResortItems(ListState& state, const ItemSlots& items, IndexArray& indexes) 
     const auto current = state.ListIndex == 0 ? 0 : indexes[state.ListIndex];
     // Every order but 1 is descending by text here, those named for `ItemData` too. That stays.
     SortIndexByText(items, indexes, 1, state.Count, state.SortedMode == bAscendingSorted, false);
-    state.ListIndex = state.ListIndex == 0 ? 0 : PositionOf(current, indexes, state.Count);
+    state.ListIndex = state.ListIndex == 0 ? 0 : PositionOfSlot(current, indexes, state.Count);
     host::platform().InvalidateRect(state.hWnd, &state.ClientRect, false);
     host::platform().UpdateWindow(state.hWnd);
 }

@@ -38,8 +38,8 @@ public:
 
     virtual OLE_COLOR BackColor() const = 0;
     virtual void BackColor(OLE_COLOR color) = 0;
-    virtual OLE_COLOR ForeColor() const = 0;
-    virtual void ForeColor(OLE_COLOR color) = 0;
+    virtual OLE_COLOR ForeColor() const = 0;     ///< Default button text.
+    virtual void ForeColor(OLE_COLOR color) = 0; ///< Also the text colour of `hDC`, until that is set anew.
     /// The component's own font object. It stays the same object; a write copies the given font's properties.
     virtual FontPtr Font() const = 0;
     virtual void Font(const host::Font& font) = 0;

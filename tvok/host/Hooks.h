@@ -36,7 +36,7 @@ public:
     virtual void HookAttach(Handle hWnd, bool& flag) = 0;
     virtual void HookDetach() = 0;
     virtual std::int32_t HookCount() const = 0; ///< Attachments so far, 0 before the first.
-    virtual void HookActive(bool active) = 0;   ///< Kept and without effect.
+    virtual void HookActive(bool active) = 0;   ///< Without effect.
 
     virtual std::int32_t ScrollValue() const = 0;
     virtual void ScrollValue(std::int32_t value) = 0;
@@ -70,16 +70,17 @@ public:
     virtual ~WindowHook() = default; ///< Releases.
 
     /// Message, wParam, lParam, result, and a boolean that comes in true: left false, neither the next
-    /// listener nor the window gets the message. `kind` 2 delivers the mouse message number as wParam and the
-    /// place of a `MouseHookRecord` in `mouse`; `kind` 3 the key code as wParam and the key message word as
-    /// lParam (bit 31 set while the key goes up).
+    /// listener nor the window gets the message. `kind` 2 delivers the mouse message number as wParam, and
+    /// its record as `Mouse`; `kind` 3 the key code as wParam and the key message word as lParam (bit 31 set
+    /// while the key goes up).
     Event<std::int32_t, std::int32_t, std::int32_t, std::int32_t&, bool&> RtMsg;
 
     /// The record of the mouse message that `RtMsg` is being raised for, for `kind` 2; null otherwise.
     virtual const MouseHookRecord* Mouse() const = 0;
 
     /// `kind` 0 or 1: `target` is a window. 2: the mouse messages, 3: the key messages of the thread
-    /// `target`. An attached hook is released first. Throws `ObjectError` where there is no such window.
+    /// `target`. An attached hook is released first, also where this throws: `ObjectError` for a target that
+    /// is not there, `Error` for another kind.
     virtual void HookSet(std::int32_t& kind, std::int32_t& target, bool& flag) = 0;
     virtual void HookRelease() = 0; ///< Harmless when nothing is attached.
 };

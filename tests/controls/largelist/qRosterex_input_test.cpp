@@ -295,6 +295,12 @@ TEST(LargeListFocus, EnteringSelectsTheFirstRowOrRepaintsTheCurrentOne) {
     EXPECT_EQ(f.TakeEvents(), (Lines{}));
 }
 
+TEST(LargeListFocus, EnteringAListOfOneRowSelectsIt) {
+    FakeLargeList f({}, 1);
+    f.list.GotFocus();
+    EXPECT_EQ(f.TakeEvents(), (Lines{"Change 1"}));
+}
+
 TEST(LargeListFocus, EnteringAnEmptyListSelectsNothing) {
     FakeLargeList f;
     f.list.GotFocus();

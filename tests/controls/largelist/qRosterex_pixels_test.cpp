@@ -12,13 +12,16 @@ struct PixelCase {
     std::int32_t gridline;
     std::int32_t columns;
     bool top;
+    bool wide = false; ///< Nearly as wide as its form, where scrolling copies no pixels.
 };
 
 class LargeListPixels : public testing::TestWithParam<PixelCase> {};
 
-/// A list of 200 x 133 whose handler writes every field of every row.
-qRosterex& MakeList(TestDesktop& desktop, std::int32_t gridline, std::int32_t columns) {
-    auto& list = desktop.form().Add<qRosterex>("list", Placement{0, 0, 200, 133});
+/// A list of 200 x 133 whose handler writes every field of every row. A wide one stands at the form's other
+/// end.
+qRosterex& MakeList(TestDesktop& desktop, std::int32_t gridline, std::int32_t columns, bool wide = false) {
+    const Placement place = wide ? Placement{9, 330, 620, 133} : Placement{0, 0, 200, 133};
+    auto& list = desktop.form().Add<qRosterex>("list", place);
     list.BorderStyle(0);
     list.GridlineWidth(gridline);
     list.HeaderHeight(21);
@@ -37,9 +40,9 @@ qRosterex& MakeList(TestDesktop& desktop, std::int32_t gridline, std::int32_t co
 }
 
 TEST_P(LargeListPixels, ScrollingAndAddingGiveThePictureOfAFullRepaint) {
-    const auto& [gridline, columns, top] = GetParam();
+    const auto& [gridline, columns, top, wide] = GetParam();
     TestDesktop desktop;
-    auto& list = MakeList(desktop, gridline, columns);
+    auto& list = MakeList(desktop, gridline, columns, wide);
     std::mt19937 random(7);
     const auto pick = [&](std::int32_t below) {
         return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(below));
@@ -72,8 +75,9 @@ TEST_P(LargeListPixels, ScrollingAndAddingGiveThePictureOfAFullRepaint) {
 INSTANTIATE_TEST_SUITE_P(Lists, LargeListPixels,
                          testing::Values(PixelCase{0, 2, false}, PixelCase{0, 2, true},
                                          PixelCase{1, 2, false}, PixelCase{1, 2, true},
-                                         PixelCase{1, 3, false}, PixelCase{1, 3, true},
-                                         PixelCase{3, 1, true}));
+                                         PixelCase{1, 3, false}, PixelCase{1, 3, true}, PixelCase{3, 1, true},
+                                         PixelCase{0, 2, false, true}, PixelCase{1, 9, true, true},
+                                         PixelCase{1, 3, false, true}));
 
 TEST(LargeListDesktop, AMillionRowsComeAtOnceAndTheEndKeyShowsTheLast) {
     TestDesktop desktop;
@@ -94,6 +98,24 @@ TEST(LargeListDesktop, AMillionRowsComeAtOnceAndTheEndKeyShowsTheLast) {
     EXPECT_EQ(list.ListIndex(), 1000000);
     EXPECT_EQ(last, 1000000);
     EXPECT_LE(asked, 2 * (list.yn() + 1) + 2);
+}
+
+TEST(LargeListDesktop, ThePressHasActedWhenTheHostHearsOfIt) {
+    TestDesktop desktop;
+    auto& list = MakeList(desktop, 0, 2);
+    list.ViewMode(1);
+    list.Count(3);
+    desktop.FocusAway();
+    desktop.Focus(list); // which makes row 1 the current one
+    std::vector<std::string> story;
+    list.events.Change = [&](std::int32_t row) { story.push_back("Change " + std::to_string(row)); };
+    list.events.MouseDown = [&](std::int16_t&, std::int16_t&, float&, float&) {
+        story.push_back("MouseDown at row " + std::to_string(list.ListIndex()));
+    };
+    list.events.MouseUp = [&](std::int16_t&, std::int16_t&, float&, float&) { story.push_back("MouseUp"); };
+    list.events.Click = [&](std::int32_t row) { story.push_back("Click " + std::to_string(row)); };
+    desktop.Click(list, 30, 21 + list.ItemHeight() + 5);
+    EXPECT_EQ(story, (std::vector<std::string>{"Change 2", "MouseDown at row 2", "Click 2", "MouseUp"}));
 }
 
 TEST(LargeListDesktop, ADividerIsDraggedByTheMouse) {

@@ -312,6 +312,146 @@ TEST(LargeListRange, ADragAboveTheListExtendsOneRowForEachMessage) {
     EXPECT_EQ(f.hook().ScrollValue(), 48);
 }
 
+TEST(LargeListRange, OffShiftWithAKeyWithoutACurrentRowHasNoAnchor) {
+    RangeList f(0);
+    f.Key(40, cShiftKey);
+    EXPECT_EQ(f.Ends(), Ends(0, 1));
+    f.Key(40, cShiftKey);
+    EXPECT_EQ(f.Ends(), Ends(0, 2));
+    EXPECT_EQ(f.Painted(), (Rows{1, 2}));
+}
+
+TEST(LargeListRange, OffADragThatBeginsBelowTheRowsStartsAtTheFirstRowItMeets) {
+    RangeList f(0, 3);
+    f.PressSlot(5);
+    f.MoveToSlot(2);
+    EXPECT_EQ(f.Ends(), Ends(2, 2));
+    f.MoveToSlot(1);
+    EXPECT_EQ(f.Ends(), Ends(1, 2));
+    EXPECT_EQ(f.TakeEvents(), (Lines{}));
+}
+
+TEST(LargeListRange, OffClearSelectedStaysOff) {
+    RangeList f(3);
+    f.list.ClearSelected();
+    EXPECT_EQ(f.Ends(), Ends(3, 3));
+    f.list.ListIndex(4);
+    EXPECT_EQ(f.Ends(), Ends(4, 4));
+}
+
+TEST(LargeListRange, OffKeysAndPressesWithoutShiftMoveTheRowAlone) {
+    RangeList f(3);
+    f.Key(40);
+    EXPECT_EQ(f.Ends(), Ends(4, 4));
+    f.PressSlot(2);
+    EXPECT_EQ(f.Ends(), Ends(2, 2));
+    EXPECT_EQ(f.TakeEvents(), (Lines{"Change 4", "Change 2"}));
+    EXPECT_EQ(f.Painted(), (Rows{2}));
+}
+
+TEST(LargeListRange, ARangeKeepsItsAnchorWhenTheCurrentRowIsWritten) {
+    RangeList f(2);
+    f.MakeRange();
+    f.list.ListIndex(5);
+    EXPECT_EQ(f.TakeEvents(), (Lines{"Change 5"}));
+    EXPECT_EQ(f.Ends(), Ends(2, 3));
+    f.Key(40, cShiftKey);
+    EXPECT_EQ(f.Ends(), Ends(2, 6));
+}
+
+TEST(LargeListRange, ADragOnTheRowItHasReachedRepaintsNothing) {
+    RangeList f(0);
+    f.PressSlot(2);
+    f.MoveToSlot(4);
+    f.Forget();
+    f.Move(80, 75);
+    EXPECT_TRUE(f.asked.empty());
+    EXPECT_EQ(f.Ends(), Ends(2, 4));
+}
+
+TEST(LargeListRange, OpenAPressWithShiftKeepsTheAnchor) {
+    RangeList f(3);
+    f.Key(65, cShiftKey);
+    f.PressSlot(5, cShift);
+    EXPECT_EQ(f.Ends(), Ends(3, 5));
+    f.MoveToSlot(1);
+    EXPECT_EQ(f.Ends(), Ends(1, 3));
+}
+
+TEST(LargeListRange, OpenStaysOpenOverRepaintsAndEndsAsARangeDoes) {
+    const std::vector<std::function<void(RangeList&)>> ends{
+        [](RangeList& f) { f.Key(65); }, [](RangeList& f) { f.PressSlot(3); },
+        [](RangeList& f) { f.list.MultiSelect(0); }, [](RangeList& f) { f.list.MultiSelect(1); }};
+    for (const auto& end : ends) {
+        RangeList f(3);
+        f.Key(65, cShiftKey);
+        f.list.PaintAll();
+        f.list.Refresh();
+        EXPECT_EQ(f.Ends(), Ends(0, 3));
+        end(f);
+        EXPECT_EQ(f.Ends(), Ends(3, 3));
+        f.list.ListIndex(4);
+        EXPECT_EQ(f.Ends(), Ends(4, 4)); // no range any more
+    }
+}
+
+TEST(LargeListRange, OpenClearSelectedLeavesItEmpty) {
+    RangeList f(3);
+    f.Key(65, cShiftKey);
+    f.list.ClearSelected();
+    EXPECT_EQ(f.Ends(), Ends(0, 0));
+    EXPECT_EQ(f.Painted(), (Rows{3}));
+}
+
+TEST(LargeListRange, EmptyAPressWithShiftSetsTheAnchorAgain) {
+    RangeList f(2);
+    f.MakeRange();
+    f.list.ClearSelected();
+    f.PressSlot(5, cShift);
+    EXPECT_EQ(f.Ends(), Ends(3, 5));
+}
+
+TEST(LargeListRange, EmptyWritingMultiSelectEndsIt) {
+    RangeList f(2);
+    f.MakeRange();
+    f.list.ClearSelected();
+    f.list.MultiSelect(1);
+    EXPECT_EQ(f.Ends(), Ends(3, 3));
+}
+
+TEST(LargeListRange, ARangeThatAHandlerMakesDuringAPressLosesItsEnds) {
+    RangeList f(3);
+    f.list.events.Change = [&](std::int32_t) {
+        f.list.events.Change = nullptr;
+        f.MakeRange();
+    };
+    f.PressSlot(1);
+    EXPECT_EQ(f.Ends(), Ends(0, 0));
+}
+
+TEST(LargeListRange, ASpanOfOnePageIsDrawnRowByRowAndMoreInOneRepaint) {
+    RangeList f(1);
+    f.Key(34, cShiftKey); // from row 1 to row 6: the page and the slot below it
+    EXPECT_EQ(f.TakeAsked(), (Rows{1, 2, 3, 4, 5, 6}));
+    RangeList longer(1);
+    longer.list.KeySeek(true);
+    longer.list.events.KeySeek = [](std::int16_t, std::int32_t, std::int32_t& row) { row = 7; };
+    longer.Key(65, cShiftKey);
+    EXPECT_EQ(longer.TakeAsked(), (Rows{1, 2, 3, 4, 5, 6})); // the last of them scrolled in
+    EXPECT_EQ(longer.TakeScrolls(), (Rows{-20}));
+}
+
+TEST(LargeListRange, ARowIsPartOfARangeByTheNumberThatItsHandlerLeaves) {
+    RangeList f(2);
+    f.MakeRange();
+    f.fill = [](std::int32_t& row, qrosterdata& x) {
+        x = {.text = "x", .bColor = 1};
+        if (row == 5) row = 2;
+        if (row == 1) row = 4;
+    };
+    EXPECT_EQ(f.Painted(), (Rows{2, 3, 5}));
+}
+
 /// The state machine as its table says it, for pages that are never left.
 struct Model {
     std::int32_t rows, current = 0, anchor = 0, end = 0;

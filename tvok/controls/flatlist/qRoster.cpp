@@ -7,6 +7,7 @@
 #include "tvok/engine/designframe.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/engine/persistence.h"
+#include "tvok/host/ComponentSettings.h"
 #include "tvok/host/Services.h"
 #include "tvok/records/numeric.h"
 
@@ -247,12 +248,12 @@ void qRoster::ReadProperties(host::PropertyBag& bag) {
     host::Component& base = Base();
     mtvok::ReadListProperties(bag, state_);
     state_.FontObj = base.Font();
-    base.Appearance(ToInt16(host::Read(bag, "Appearance", std::int32_t{0})));
+    host::ReadAppearance(bag, base);
     MultiSelect(host::Read(bag, "MultiSelect", std::int32_t{0}));
-    base.BorderStyle(ToInt16(host::Read(bag, "BorderStyle", std::int32_t{1})));
-    host::Assign(*base.Font(), host::Read(bag, "Font", base.Ambient().Font()));
+    host::ReadBorderStyle(bag, base);
+    host::ReadFont(bag, base, base.Ambient());
     state_.FontObj = base.Font();
-    base.FontTransparent(host::Read(bag, "FontTransparent", true));
+    host::ReadFontTransparent(bag, base);
 
     state_.TextHeight = TextHeight();
     mtvok::ParseColWidths(state_);
@@ -267,11 +268,11 @@ void qRoster::ReadProperties(host::PropertyBag& bag) {
 void qRoster::WriteProperties(host::PropertyBag& bag) {
     const host::Component& base = Base();
     mtvok::WriteListProperties(bag, state_);
-    bag.WriteProperty("Appearance", std::int32_t{base.Appearance()}, std::int32_t{0});
+    host::WriteAppearance(bag, base);
     bag.WriteProperty("MultiSelect", multiSelect_, std::int32_t{0});
-    bag.WriteProperty("BorderStyle", std::int32_t{base.BorderStyle()}, std::int32_t{1});
-    bag.WriteProperty("Font", host::ValueOf(*base.Font()), base.Ambient().Font());
-    bag.WriteProperty("FontTransparent", base.FontTransparent(), true);
+    host::WriteBorderStyle(bag, base);
+    host::WriteFont(bag, base, base.Ambient());
+    host::WriteFontTransparent(bag, base);
 }
 
 void qRoster::Resize() {
@@ -290,6 +291,7 @@ void qRoster::Terminate() {
             if (hook) hook->HookDetach();
         },
         [&] { WMHOOK_.reset(); }, [&] { cbExDraw_.reset(); }, [&] { state_.FontObj.reset(); });
+    component_ = nullptr; // it may go before this object does
 }
 
 // Messages.

@@ -1,7 +1,8 @@
 #include "tvok/controls/largelist/BufferFile.h"
 
-#include <array>
 #include <filesystem>
+
+#include "tvok/records/Error.h"
 
 namespace tvok {
 
@@ -16,7 +17,9 @@ std::streamoff OffsetOf(std::int32_t row) {
 
 } // namespace
 
-BufferFile::BufferFile() : cacheSize_(cFirstCacheSize), cache_(cFirstCacheSize) {}
+BufferFile::BufferFile() {
+    ResetCache();
+}
 BufferFile::~BufferFile() {
     Close();
 }
@@ -40,17 +43,38 @@ void BufferFile::Create(host::TemporaryFiles& service, std::int32_t cacheSize) {
         }
         file_.rdbuf()->pubsetbuf(nullptr,
                                  0); // each record goes to the file at once, so that a full disk is noticed
-        file_.open(path_, std::ios::in | std::ios::out | std::ios::binary);
-        file_.clear();
-        if (cache_.UpperBound() < cacheSize) {
-            cache_.Make(cacheSize);
-            cacheSize_ = cacheSize;
+        constexpr auto cBothWays = std::ios::in | std::ios::out | std::ios::binary;
+        file_.open(path_, cBothWays);
+        if (!file_.is_open()) { // the service only named it
+            using std::filesystem::perms;
+            std::error_code ignored;
+            file_.open(path_, cBothWays | std::ios::trunc);
+            std::filesystem::permissions(path_, perms::owner_read | perms::owner_write, ignored);
         }
+        file_.clear();
+        if (cacheSize_ < cacheSize) SizeCache(cacheSize);
     });
 }
 
 void BufferFile::ClearCache() {
-    cache_.Make(cacheSize_);
+    for (auto& page : cache_) page.reset();
+}
+
+void BufferFile::ResetCache() {
+    SizeCache(cFirstCacheSize);
+}
+
+void BufferFile::SizeCache(std::int32_t size) {
+    std::vector<std::unique_ptr<Page>> pages(static_cast<std::size_t>((size - 1) / cPagePairs) + 1);
+    cache_.swap(pages);
+    cacheSize_ = size;
+}
+
+BufferFile::Pair& BufferFile::PairOf(std::int32_t row) {
+    const std::int32_t place = row % cacheSize_;
+    auto& page = cache_[static_cast<std::size_t>(place / cPagePairs)];
+    if (!page) page = std::make_unique<Page>();
+    return (*page)[static_cast<std::size_t>(place % cPagePairs)];
 }
 
 std::int32_t BufferFile::Read(std::int32_t row) {
@@ -69,11 +93,13 @@ void BufferFile::Write(std::int32_t row, std::int32_t value) {
 
 std::int32_t BufferFile::ReadRecord(std::int32_t row) {
     ++fileReads_;
-    std::array<char, cRecordSize> bytes{}; // what lies beyond the end of the file reads as 0
+    std::array<char, cRecordSize> bytes{};
     file_.clear();
     file_.seekg(OffsetOf(row));
+    const bool placed = file_.good();
     file_.read(bytes.data(), cRecordSize);
-    const bool failed = file_.bad();
+    const bool failed = !placed || file_.bad();
+    if (file_.gcount() < cRecordSize) bytes.fill(0); // at or beyond the end of the file
     file_.clear();
     if (failed) throw FileError("cannot read the buffer file " + path_);
     std::uint32_t value = 0;

@@ -14,17 +14,17 @@ namespace tvok {
 /// Columns 1 to `Count`. Widths are pixels, 10 or more save where `Count` made empty columns.
 class HeaderColumns {
 public:
-    static constexpr std::int32_t cMinWidth = 10;
-
     std::int32_t Count() const { return count_; }
     /// New columns are empty and 0 wide. A negative count is the subscript error after the count has changed;
-    /// then this does nothing more until `Clear` or an append lifts the count.
+    /// then this does nothing more until `Clear`, or until appends, each by one, have lifted the count to 0.
     void Count(std::int32_t count);
     void Clear();
 
     /// `index` 0 appends, 1 to `Count` overwrites and keeps `lFont`, any other does nothing. `maxWidth`
-    /// limits.
+    /// limits. Errors are ignored one by one. Column 32768 and later ones cannot be filled here and stay
+    /// empty.
     void Add(std::int32_t index, const qrosterheader& column, std::int32_t maxWidth);
+    bool Has(std::int32_t index) const { return index >= 1 && index <= count_; }
     qrosterheader Get(std::int32_t index) const; ///< An empty record outside 1 to `Count`.
     void Set(std::int32_t index, const qrosterheader& column, std::int32_t maxWidth); ///< Outside: nothing.
     const qrosterheader& operator[](std::int32_t index) const { return columns_[index]; }
@@ -44,9 +44,11 @@ public:
 
     // The drag of a right edge.
     bool IsSizing() const { return sizing_ > 0; }
-    /// Starts where a divider lies at the point; whether it does.
+    /// Starts to drag the right edge of `column`, 1 to `Count`, from the pointer at x; 0 or less ends a drag.
+    /// Whether one runs now.
     bool StartSizing(std::int32_t column, std::int32_t x);
-    /// The new width under the pointer; whether it differs from the stored one.
+    /// Stores the width under the pointer, 10 or more; whether it differs from the one before. Throws
+    /// `OverflowError` past 32 bits.
     bool SizeTo(std::int32_t x);
     void StopSizing() { sizing_ = 0; }
 

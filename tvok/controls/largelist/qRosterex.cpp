@@ -6,6 +6,7 @@
 #include "tvok/controls/largelist/qRosterex_impl.h"
 #include "tvok/engine/designframe.h"
 #include "tvok/engine/persistence.h"
+#include "tvok/host/ComponentSettings.h"
 #include "tvok/host/Services.h"
 #include "tvok/records/numeric.h"
 
@@ -15,10 +16,13 @@ namespace {
 
 constexpr std::int32_t cCacheModulus = 128;
 constexpr std::int32_t cScreensPerColumn = 3;
+constexpr std::int32_t cFirstSlots = 100;
 
 } // namespace
 
-qRosterex::qRosterex() : impl_(std::make_unique<Impl>(*this)) {}
+qRosterex::qRosterex() : impl_(std::make_unique<Impl>(*this)) {
+    impl_->rowCache.assign(cCacheModulus + 1, ZeroItem());
+}
 qRosterex::~qRosterex() = default;
 
 host::Component& qRosterex::Impl::Base() const {
@@ -61,6 +65,7 @@ void qRosterex::Count(std::int32_t rows) {
     if (rows < 0) return;
     impl_->state.Count = rows;
     ClearItemData(0, impl_->UserMode());
+    if (impl_->ended) return;
     impl_->state.Count = rows; // again: a handler of the repaint may have added rows
     if (impl_->state.ListIndex > rows) impl_->state.ListIndex = rows; // without Change
     if (impl_->UserMode()) Refresh();
@@ -87,7 +92,7 @@ std::int16_t qRosterex::ViewMode() const {
     return impl_->viewMode;
 }
 void qRosterex::ViewMode(std::int16_t mode) {
-    impl_->viewMode = mode;
+    impl_->Turn(mode);
 }
 
 qrosterdata qRosterex::DefaultItem() const {
@@ -107,7 +112,8 @@ bool qRosterex::Impl::HasBufferedRow(std::int32_t row) const {
 }
 
 void qRosterex::FileBufCreate(std::int32_t lBufSize) {
-    impl_->buffer.Create(host::services().TemporaryFiles(), lBufSize);
+    impl_->buffer.Close();
+    quietly([&] { impl_->buffer.Create(host::services().TemporaryFiles(), lBufSize); });
 }
 std::int32_t qRosterex::FileBufValue(std::int32_t Index) const {
     return impl_->HasBufferedRow(Index) ? impl_->buffer.Read(Index) : 0;
@@ -118,17 +124,13 @@ void qRosterex::FileBufValue(std::int32_t Index, std::int32_t value) {
 
 // The row cache.
 
-// The array grows, but its modulus and what reads here stay as they were made: hosts size their work by 128
-// places.
+// A larger size clears the records like any change of it, but the modulus and what reads here stay as they
+// were made: hosts size their work by 128 places. Records beyond them would hold no row, so there are none.
 std::int32_t qRosterex::CacheSize() const {
     return cCacheModulus;
 }
 void qRosterex::CacheSize(std::int32_t size) {
     if (size <= cCacheModulus) return;
-    const auto places = static_cast<std::size_t>(size) + 1;
-    while (impl_->rowCache.size() < places) impl_->rowCache.push_back(ZeroItem());
-    // A size between the last one and the modulus drops the records above it, which nothing places rows in.
-    while (impl_->rowCache.size() > places) impl_->rowCache.pop_back();
     ClearItemData(0, impl_->UserMode());
 }
 
@@ -139,10 +141,10 @@ void qRosterex::ClearItemData(std::int32_t Index, bool fUpdate) {
         if (fUpdate) PaintAll();
         return;
     }
-    for (std::size_t i = 0; i < cache.size(); ++i) { // a handler of a repaint may change the cache's size
-        if (cache[i].ItemData != Index) continue;
-        cache[i].ItemData = 0;
-        if (fUpdate) DrawItem(cache[i].ItemDataEx);
+    for (qrosterdata& record : cache) {
+        if (record.ItemData != Index) continue;
+        record.ItemData = 0;
+        if (fUpdate) DrawItem(record.ItemDataEx);
     }
 }
 
@@ -152,17 +154,20 @@ std::int32_t qRosterex::Impl::MaxColumnWidth() const {
     const host::Screen& screen = host::services().Screen();
     const std::int32_t width = RoundToInt32(screen.Width());
     const std::int32_t perPixel = RoundToInt32(screen.TwipsPerPixelX());
+    if (perPixel == 0) throw OverflowError("a screen with less than half a twip for each pixel has no width");
     return ToInt32(std::int64_t{width / perPixel} * cScreensPerColumn);
 }
 
 void qRosterex::HeaderAdd(std::int16_t Index, std::string_view lText, std::int32_t lWidth,
                           std::string_view lKey, std::int16_t lAlignment, OLE_COLOR fcolor,
                           std::int32_t vflag) {
-    quietly([&] {
-        const qrosterheader column{
-            std::string(lText), lWidth, std::string(lKey), fcolor, lAlignment, vflag, 0};
-        impl_->columns.Add(Index, column, impl_->MaxColumnWidth());
-    });
+    std::int32_t maxWidth = INT32_MAX; // without a screen there is no maximum, but there is a column
+    quietly([&] { maxWidth = impl_->MaxColumnWidth(); },
+            [&] {
+                const qrosterheader column{
+                    std::string(lText), lWidth, std::string(lKey), fcolor, lAlignment, vflag, 0};
+                impl_->columns.Add(Index, column, maxWidth);
+            });
 }
 void qRosterex::HeaderClear() {
     impl_->columns.Clear();
@@ -171,7 +176,7 @@ qrosterheader qRosterex::HeaderGet(std::int32_t Index) const {
     return impl_->columns.Get(Index);
 }
 void qRosterex::HeaderSet(std::int32_t Index, const qrosterheader& nValue) {
-    impl_->columns.Set(Index, nValue, impl_->MaxColumnWidth());
+    if (impl_->columns.Has(Index)) impl_->columns.Set(Index, nValue, impl_->MaxColumnWidth());
 }
 std::int32_t qRosterex::HeaderCount() const {
     return impl_->columns.Count();
@@ -267,6 +272,7 @@ Const_SortedMode qRosterex::SortedMode() const {
 
 void qRosterex::Initialize(host::Component& component) {
     Impl& my = *impl_;
+    my.ended = false; // a control that was removed may come back
     my.component = &component;
     my.state.hWnd = component.hWnd();
     my.state.hDC = component.hDC();
@@ -275,7 +281,9 @@ void qRosterex::Initialize(host::Component& component) {
     my.bufAddItemOnly = false;
     my.ResetRows();
     my.columns.Clear();
-    my.rowCache.assign(cCacheModulus + 1, ZeroItem());
+    my.rowRects = Array<tvok_Rect>(cFirstSlots);
+    std::fill(my.rowCache.begin(), my.rowCache.end(), ZeroItem());
+    my.buffer.ResetCache();
     my.viewMode = 0;
     my.keySeek = false;
     my.mouseDownOnIcon = false;
@@ -291,12 +299,12 @@ void qRosterex::ReadProperties(host::PropertyBag& bag) {
     Impl& my = *impl_;
     host::Component& base = my.Base();
     mtvok::ReadListProperties(bag, my.state);
-    base.Appearance(ToInt16(host::Read(bag, "Appearance", std::int32_t{0})));
+    host::ReadAppearance(bag, base);
     MultiSelect(host::Read(bag, "MultiSelect", std::int32_t{0}));
-    base.BorderStyle(ToInt16(host::Read(bag, "BorderStyle", std::int32_t{1})));
-    host::Assign(*base.Font(), host::Read(bag, "Font", base.Ambient().Font()));
+    host::ReadBorderStyle(bag, base);
+    host::ReadFont(bag, base, base.Ambient());
     my.state.FontObj = base.Font();
-    base.FontTransparent(host::Read(bag, "FontTransparent", true));
+    host::ReadFontTransparent(bag, base);
     my.state.TextHeight = TextHeight();
     base.BackColor(my.state.BackColor);
     if (my.UserMode()) my.AttachHook();
@@ -311,6 +319,7 @@ void qRosterex::Impl::AttachHook() {
     hook->events.EndScroll = [this](std::int32_t) { FlushPendingRows(); };
     hook->HookMode(5);
     Refresh();
+    if (ended) return;
     bool flag = false;
     hook->HookAttach(state.hWnd, flag);
     hook->ScrollLarge(1);
@@ -319,11 +328,11 @@ void qRosterex::Impl::AttachHook() {
 void qRosterex::WriteProperties(host::PropertyBag& bag) {
     const host::Component& base = impl_->Base();
     mtvok::WriteListProperties(bag, impl_->state);
-    bag.WriteProperty("Appearance", std::int32_t{base.Appearance()}, std::int32_t{0});
+    host::WriteAppearance(bag, base);
     bag.WriteProperty("MultiSelect", impl_->multiSelect, std::int32_t{0});
-    bag.WriteProperty("BorderStyle", std::int32_t{base.BorderStyle()}, std::int32_t{1});
-    bag.WriteProperty("Font", host::ValueOf(*base.Font()), base.Ambient().Font());
-    bag.WriteProperty("FontTransparent", base.FontTransparent(), true);
+    host::WriteBorderStyle(bag, base);
+    host::WriteFont(bag, base, base.Ambient());
+    host::WriteFontTransparent(bag, base);
 }
 
 void qRosterex::Resize() {
@@ -343,6 +352,7 @@ void qRosterex::Terminate() {
             if (hook) hook->HookDetach();
         },
         [&] { impl_->state.FontObj.reset(); }, [&] { impl_->buffer.Close(); }, [&] { impl_->hook.reset(); });
+    impl_->component = nullptr; // it may go before this object does
 }
 
 void qRosterex::GotFocus() {

@@ -7,10 +7,10 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "tvok/controls/largelist/BufferFile.h"
 #include "tvok/controls/largelist/HeaderColumns.h"
@@ -22,6 +22,9 @@
 
 namespace tvok {
 
+/// A property write repaints only in a running program. The methods that lay out or paint (`AddItemTop`,
+/// `AddItemButtom`, `Clear`, `Refresh`, `PaintAll`, `DrawItem`, `ClearSelected`) throw `ObjectError` at
+/// design time. Where rows, widths or positions do not fit 32 bits they throw `OverflowError`.
 class qRosterex : public host::Control {
 public:
     /// Handlers may do anything to the control, also add rows, clear it or throw.
@@ -42,7 +45,10 @@ public:
         Event<std::int16_t&> KeyPress;
         /// A row is painted: its number, and the record of its cache place. Leave the text (cells between tab
         /// characters), the colours and `vflag` of that row. The record still holds what the last row of that
-        /// place left; it holds this row where `ItemDataEx` equals the number. Always write `vflag`.
+        /// place left. A host that leaves a number other than 0 in `ItemData` finds this row's own record
+        /// where `ItemDataEx` equals the row's number and `ItemData` is not 0, and may leave it as it is
+        /// then, save `vflag`, which is to be written always. `Clear` does not empty the records:
+        /// `ClearItemData` does.
         Event<std::int32_t&, qrosterdata&> EnumDATA;
         ExDrawEvent ExDraw; ///< For the shape of the interface; never raised.
     };
@@ -59,8 +65,8 @@ public:
     void Count(std::int32_t rows); ///< Sets the number of rows at once. Below 0: ignored.
     void Clear();                  ///< Rows that are still pending arrive in the emptied list.
     bool BufAddItemOnly() const;
-    void
-    BufAddItemOnly(bool on); ///< While set, added rows wait; the next add or `Refresh` after it shows them.
+    void BufAddItemOnly(bool on); ///< While set, added rows wait. After it the next add, `Refresh` or end of
+                                  ///< a drag of the thumb shows them.
     std::int16_t ViewMode() const;
     void ViewMode(std::int16_t mode); ///< 0 newest at the top. The next add sets it anew.
     qrosterdata DefaultItem() const;
@@ -69,14 +75,16 @@ public:
     // One value for each row, in a temporary file.
 
     void FileBufCreate(std::int32_t lBufSize = 1000); ///< A new file in place of the old. Quiet without one.
-    std::int32_t FileBufValue(std::int32_t Index) const; ///< 0 outside the rows or without a file.
+    /// 0 outside the rows, those that are pending included, and without a file. Throws `FileError`.
+    std::int32_t FileBufValue(std::int32_t Index) const;
     void FileBufValue(std::int32_t Index, std::int32_t value);
 
     // The records that painting reuses.
 
     std::int32_t CacheSize() const; ///< 128, whatever is written.
     void CacheSize(std::int32_t size);
-    /// Sets `ItemData` to 0 in the records that hold `Index` there (0: in all), and repaints their rows.
+    /// Sets `ItemData` to 0 in the records that hold `Index` there, and with `fUpdate` repaints the rows that
+    /// used them last. `Index` 0: in all records, and the whole list is repainted.
     void ClearItemData(std::int32_t Index = 0, bool fUpdate = true);
 
     // Columns.
@@ -132,13 +140,13 @@ public:
     OLE_COLOR GridlineColor() const;
     void GridlineColor(OLE_COLOR color); ///< Kept; this list draws its grid in the window text colour.
     std::int32_t HeadWidthEx() const;
-    void HeadWidthEx(std::int32_t pixels); ///< Kept, without effect here, as the next two.
-    OLE_COLOR HeadExBackColor() const;
+    void HeadWidthEx(std::int32_t pixels); ///< Kept and repainted with, without effect here.
+    OLE_COLOR HeadExBackColor() const;     ///< Kept, without effect here, as the next.
     void HeadExBackColor(OLE_COLOR color);
     OLE_COLOR HeadExBorderColor() const;
     void HeadExBorderColor(OLE_COLOR color);
     bool FixedHeight() const;
-    void FixedHeight(bool on);
+    void FixedHeight(bool on); ///< Kept and refreshed with, without effect here.
     bool ShowIcon() const;
     void ShowIcon(bool on);
     std::int32_t IconCX() const;

@@ -1,11 +1,30 @@
 /// The insides of `qRosterex`: its state and what its files share. Not installed.
 #pragma once
 
+#include <optional>
+
 #include "tvok/controls/largelist/qRosterex.h"
 
 namespace tvok {
 
 struct qRosterex::Impl {
+    /// A repaint on its way over the slots. Where a handler moves the pixels meanwhile, what is still to be
+    /// painted moves along.
+    struct PaintPass {
+        PaintPass(Impl& list, const tvok_Rect& update) : list(list), outer(list.painting), update(update) {
+            list.painting = this;
+        }
+        PaintPass(const PaintPass&) = delete;
+        PaintPass& operator=(const PaintPass&) = delete;
+        ~PaintPass() { list.painting = outer; }
+        void Move(std::int64_t rows, std::int64_t pixels);
+
+        Impl& list;
+        PaintPass* outer;
+        tvok_Rect update;
+        std::int64_t slot = 1; ///< Being painted.
+    };
+
     explicit Impl(qRosterex& control) : control(control), events(control.events) {}
 
     qRosterex& control;
@@ -14,7 +33,7 @@ struct qRosterex::Impl {
     ListState state;
     HeaderColumns columns;
     BufferFile buffer;
-    std::deque<qrosterdata> rowCache;        ///< Grows without moving a record that a handler holds.
+    std::vector<qrosterdata> rowCache;       ///< Of one size for good: handlers hold records of it.
     std::shared_ptr<host::MessageHook> hook; ///< Run mode only.
     Array<tvok_Rect> rowRects{100};          ///< Entry 0 is the header band, entry s is slot s.
 
@@ -31,8 +50,12 @@ struct qRosterex::Impl {
     std::int32_t lastPoint = 0;
     std::int32_t iconCX = 0;
     std::int32_t iconCY = 0;
-    std::int32_t lastV = 0; ///< The scroll positions that what is on screen is based on.
+    /// What the next vertical move is measured from: the scroll position, with the newest row at the top
+    /// `Count` less it; some steps note the position as it stands in both modes. And the horizontal one.
+    std::int32_t lastV = 0;
     std::int32_t lastH = 0;
+    /// The row of slot 1 in what is on screen; none where that is not known to be what a repaint would show.
+    std::optional<std::int64_t> shownTop;
     std::int32_t viewWidth = 0; ///< Inner size of the control less the bars.
     std::int32_t viewHeight = 0;
     std::int16_t viewMode = 0;
@@ -45,7 +68,9 @@ struct qRosterex::Impl {
     bool mouseDownOnIcon = false;
     bool keySeek = false;
     bool showIcon = false;
-    bool layoutBusy = false; ///< Hook events only note their values while an add lays out anew.
+    bool layoutBusy = false;       ///< Hook events only note their values while an add lays out anew.
+    PaintPass* painting = nullptr; ///< The innermost one, null while none runs.
+    std::uint64_t moveCount = 0;   ///< How often pixels were moved.
     bool ended = false; ///< After Terminate: a handler may end the control while one of its routines runs.
     std::string clearText;
 
@@ -62,11 +87,15 @@ struct qRosterex::Impl {
     std::int64_t RowStep() const { return std::int64_t{state.ItemHeight} + state.GridlineWidth; }
     std::int64_t RowOfSlot(std::int32_t slot, std::int32_t position) const;
     std::int64_t SlotOfRow(std::int32_t row, std::int32_t position) const;
+    /// A scroll position as `lastV` keeps it.
+    std::int64_t PositionOf(std::int32_t scrollValue) const {
+        return viewMode != 0 ? std::int64_t{scrollValue} : std::int64_t{state.Count} - scrollValue;
+    }
     void BuildRowRects();
     void DecideBars();
     void LayoutBars();
     void Refresh();
-    void PaintAll() { PaintRect(state.ClientRect); }
+    void PaintAll();
     void PaintRect(const tvok_Rect& update);
     void PaintBlankSlot(std::int32_t slot);
     bool PlaceRow(std::int32_t row);
@@ -80,9 +109,12 @@ struct qRosterex::Impl {
     void DrawGridLines(const tvok_Rect& cell, std::int32_t lineLeft, bool selected) const;
 
     // Scrolling and adding (qRosterex_rows.cpp).
-    tvok_Rect RowArea() const;
+    void Turn(std::int16_t mode);
+    bool MovesTo(std::int64_t top, std::int64_t rows) const;
+    void MovePixels(std::int64_t rows);
     void ScrollRows(bool up, std::int32_t rows);
     void HookChange(std::int32_t v, std::int32_t hv);
+    void PaintWindow();
     void HookMessage(std::int32_t message, std::int32_t wParam, std::int32_t lParam, bool& fMsgProcess);
     void AddRow(std::int16_t mode, std::int32_t value);
     void ShowAddedAtTop(host::MessageHook& bars);

@@ -39,7 +39,8 @@ std::int32_t qRosterex::Impl::RowFromKey(std::int32_t key) const {
 
 std::int32_t qRosterex::Impl::RowFromPoint(std::int32_t x, std::int32_t y) const {
     const std::int32_t position = Hook()->ScrollValue();
-    for (std::int32_t slot = 1; slot <= state.yn + 1; ++slot) {
+    const std::int64_t slots = std::int64_t{state.yn} + 1;
+    for (std::int32_t slot = 1; slot <= slots; ++slot) {
         if (!host::Platform::PtInRect(dgi::InflatedRect(rowRects[slot], state.GridlineWidth), {x, y}))
             continue;
         const std::int64_t row = RowOfSlot(slot, position);
@@ -101,9 +102,9 @@ void qRosterex::Impl::MoveToRow(std::int32_t row, bool exact, bool computeExact)
         // With the newest row at the top the argument counts from 0 at the top of the screen: hosts rely on
         // both.
         events.Change(viewMode != 0 ? row : state.Count - row);
-        if (ended) return;
-        DrawItem(old);
     }
+    if (!hook) return; // at design time there is nothing to show, and an ended control shows nothing either
+    if (row != old) DrawItem(old);
     DrawItem(row);
     ShowRow(row, exact);
 }
@@ -133,6 +134,7 @@ void qRosterex::Impl::KeyDownRange(std::int32_t key, std::int32_t shift) {
         SetStartupSelected(state.ListIndex);
     } else if (!extend && rangeActive) {
         MS_OFF();
+        if (ended) return;
     }
     const std::int32_t row = RowAskedForKey(key);
     if (ended) return;
@@ -295,6 +297,7 @@ void qRosterex::Impl::PressRange(std::int32_t buttons, std::int32_t point) {
     mouseDownOnIcon = false;
     if ((buttons & host::MK_SHIFT) == 0) {
         if (rangeActive) MS_OFF();
+        if (ended) return;
         if (row > 0) MoveToRow(row, true, true);
         selAnchor = 0;
         selEnd = 0;

@@ -2,8 +2,10 @@
 #include "tvok/controls/largelist/qRosterex_impl.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "tvok/engine/dgi.h"
+#include "tvok/engine/drawingscopes.h"
 #include "tvok/engine/headertext.h"
 #include "tvok/records/numeric.h"
 
@@ -43,10 +45,13 @@ void qRosterex::Impl::BuildRowRects() {
     host::platform().GetWindowRect(state.hWnd, state.WindowRect);
     host::platform().GetClientRect(state.hWnd, state.ClientRect);
     const std::int64_t step = RowStep();
-    state.yn = ToInt32(std::max<std::int64_t>((std::int64_t{viewHeight} - headerHeight) / step, 0));
-    if (state.yn + 1 > rowRects.UpperBound()) rowRects.Resize(state.yn + 1);
+    if (step == 0) throw OverflowError("rows of height 0 have no number that fits the page");
+    const std::int64_t whole = std::max<std::int64_t>((std::int64_t{viewHeight} - headerHeight) / step, 0);
+    const std::int32_t slots = ToInt32(whole + 1);
+    if (slots > rowRects.UpperBound()) rowRects.Resize(slots);
+    state.yn = slots - 1;
     rowRects[0] = {0, 0, state.ClientRect.Right, headerHeight};
-    for (std::int32_t slot = 1; slot <= state.yn + 1; ++slot) {
+    for (std::int32_t slot = 1; slot <= slots; ++slot) {
         const std::int32_t top = ToInt32(headerHeight + (slot - 1) * step);
         rowRects[slot] = {0, top, viewWidth, ToInt32(std::int64_t{top} + state.ItemHeight)};
     }
@@ -92,19 +97,30 @@ void qRosterex::Impl::LayoutBars() {
 void qRosterex::Impl::Refresh() {
     totalColumnWidth = columns.Sum();
     if (pendingCount > 0) FlushPendingRows();
+    if (ended) return; // by a handler of the rows that came
     LayoutBars();
     PaintAll();
 }
 
 // Painting.
 
+void qRosterex::Impl::PaintAll() {
+    if (lockedPaint || ended) return;
+    shownTop.reset(); // until it is through: a handler may throw, or scroll and so come here again
+    PaintRect(state.ClientRect);
+    if (!ended) shownTop = RowOfSlot(1, Hook()->ScrollValue());
+}
+
 void qRosterex::Impl::PaintRect(const tvok_Rect& update) {
     if (lockedPaint || ended) return;
     const auto bars = Hook();
     if (Meets(update, rowRects[0])) PaintHeader();
-    for (std::int32_t slot = 1; slot <= state.yn + 1 && !ended; ++slot) {
+    PaintPass pass(*this, update);
+    for (; pass.slot <= std::int64_t{state.yn} + 1 && !ended; ++pass.slot) {
+        pass.slot = std::max<std::int64_t>(pass.slot, 1); // a handler may have moved it off the page
+        const auto slot = static_cast<std::int32_t>(pass.slot);
         const std::int64_t row = RowOfSlot(slot, bars->ScrollValue());
-        if (!Meets(dgi::InflatedRect(rowRects[slot], state.GridlineWidth), update)) continue;
+        if (!Meets(dgi::InflatedRect(rowRects[slot], state.GridlineWidth), pass.update)) continue;
         if (row < 1 || row > state.Count)
             PaintBlankSlot(slot);
         else
@@ -185,7 +201,7 @@ void qRosterex::Impl::DrawRowContent(const qrosterdata& record, bool wantFocus) 
     host::Platform& platform = host::platform();
     if (state.CurItem == 0) {
         tvok_Rect blank = state.CellRect;
-        blank.bottom += 1;
+        blank.bottom = ToInt32(std::int64_t{blank.bottom} + 1);
         dgi::FillRectColor(state.hDC, blank, state.BackColor);
         return;
     }
@@ -201,10 +217,10 @@ void qRosterex::Impl::DrawRowContent(const qrosterdata& record, bool wantFocus) 
     platform.SetBkColor(state.hDC, dgi::TranslateColor(background));
     const std::int64_t right = DrawCells(record, indent, h);
     if (right <= viewWidth) {
-        dgi::FillRectColor(
-            state.hDC,
-            {static_cast<std::int32_t>(right), state.CellRect.Top, viewWidth, state.CellRect.bottom + 1},
-            state.BackColor);
+        dgi::FillRectColor(state.hDC,
+                           {static_cast<std::int32_t>(right), state.CellRect.Top, viewWidth,
+                            ToInt32(std::int64_t{state.CellRect.bottom} + 1)},
+                           state.BackColor);
     }
     platform.SetTextColor(state.hDC, platform.GetSysColor(host::COLOR_WINDOWTEXT));
     platform.SetBkColor(state.hDC, platform.GetSysColor(host::COLOR_HIGHLIGHTTEXT));
@@ -241,9 +257,12 @@ std::int64_t qRosterex::Impl::DrawCells(const qrosterdata& record, std::int32_t 
     const bool selected = (record.vflag & vflag::Selected) != 0;
     const bool oneCell = (record.vflag & cOneCell) != 0;
     const bool grid = state.GridlineWidth > 0;
-    const host::Handle pen =
-        grid ? platform.CreatePen(host::PS_SOLID, 1, platform.GetSysColor(host::COLOR_WINDOWTEXT)) : 0;
-    const host::Handle oldPen = grid ? platform.SelectObject(state.hDC, pen) : 0;
+    std::optional<dgi::Owned> pen;
+    std::optional<dgi::Selected> penInUse;
+    if (grid) {
+        pen.emplace(platform.CreatePen(host::PS_SOLID, 1, platform.GetSysColor(host::COLOR_WINDOWTEXT)));
+        penInUse.emplace(state.hDC, pen->handle());
+    }
 
     std::string_view rest = record.text;
     std::int64_t right = 0;
@@ -259,16 +278,14 @@ std::int64_t qRosterex::Impl::DrawCells(const qrosterdata& record, std::int32_t 
                              state.CellRect.bottom};
         const host::Point at =
             mtvok::PlaceCellText(state.hDC, column.Alignment, cell, cCellMargin, state.TextHeight);
-        const host::Handle oldFont = column.lFont != 0 ? platform.SelectObject(state.hDC, column.lFont) : 0;
-        platform.ExtTextOutA(state.hDC, at.x, at.y, host::ETO_OPAQUE | host::ETO_CLIPPED, &cell, text.data(),
-                             static_cast<std::int32_t>(text.size()));
-        if (column.lFont != 0) platform.SelectObject(state.hDC, oldFont);
+        {
+            std::optional<dgi::Selected> fontInUse;
+            if (column.lFont != 0) fontInUse.emplace(state.hDC, column.lFont);
+            platform.ExtTextOutA(state.hDC, at.x, at.y, host::ETO_OPAQUE | host::ETO_CLIPPED, &cell,
+                                 text.data(), static_cast<std::int32_t>(text.size()));
+        }
         if (grid) DrawGridLines(cell, c == 1 ? 0 : cell.Left, selected);
         if (oneCell) break;
-    }
-    if (grid) {
-        platform.SelectObject(state.hDC, oldPen);
-        platform.DeleteObject(pen);
     }
     return right - shift;
 }

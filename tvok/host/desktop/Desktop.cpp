@@ -109,13 +109,19 @@ std::int32_t Desktop::AddImageList(const std::vector<std::uint32_t>& pixels, std
 }
 
 void Desktop::SaveScreen(const std::string& pngFile) {
+    SaveScreen(pngFile, world_->display->Screen());
+}
+
+void Desktop::SaveScreen(const std::string& pngFile, const tvok_Rect& part) {
     world_->Present();
-    const tvok_Rect screen = world_->display->Screen();
-    soft::Surface picture(soft::WidthOf(screen), soft::HeightOf(screen));
+    soft::Surface picture(soft::WidthOf(part), soft::HeightOf(part));
     soft::Fill(picture, soft::BoundsOf(picture), soft::PixelOf(world_->theme.colors[host::COLOR_BACKGROUND]));
     const auto& tops = world_->windows.tops();
-    for (auto top = tops.rbegin(); top != tops.rend(); ++top)
-        if ((*top)->shown()) Copy((*top)->top()->surface, picture, (*top)->rect().Left, (*top)->rect().Top);
+    for (auto top = tops.rbegin(); top != tops.rend(); ++top) {
+        const tvok_Rect& place = (*top)->rect();
+        if ((*top)->shown())
+            Copy((*top)->top()->surface, picture, place.Left - part.Left, place.Top - part.Top);
+    }
     soft::WritePng(pngFile, picture);
 }
 
@@ -132,6 +138,10 @@ std::string Desktop::ClipboardText() const {
 
 void Desktop::ClipboardText(std::string_view text) {
     soft::clipboard().Text(text);
+}
+
+std::size_t Desktop::ClipboardCapacity() const {
+    return soft::clipboard().Capacity();
 }
 
 desktop::Input& Desktop::Input() {

@@ -87,11 +87,14 @@ public:
 
     /// Writes the whole screen, or one form with its frame, as PNG. Throws `FileError` that names the file.
     void SaveScreen(const std::string& pngFile);
+    void SaveScreen(const std::string& pngFile, const tvok_Rect& part); ///< A part of it, one pixel or more.
     void SaveForm(const Form& form, const std::string& pngFile);
 
     /// The user's clipboard, as UTF-8; a headless desktop has one of its own.
     std::string ClipboardText() const;
+    /// A text of more bytes than `ClipboardCapacity` changes nothing.
     void ClipboardText(std::string_view text);
+    std::size_t ClipboardCapacity() const; ///< About 16 MB on the X Window System, else without a limit.
 
     /// Input as if from a user: what tests and other displays feed.
     desktop::Input& Input();

@@ -173,7 +173,7 @@ TEST_F(SdlDisplayTest, AScaledWindowIsLargerOnTheScreenAndItsPointerIsMappedBack
     EXPECT_THAT(Fed(), ElementsAre("move 60 39"));
 }
 
-TEST_F(SdlDisplayTest, APressComesAfterTheMoveToItsPlaceInScreenPixels) {
+TEST_F(SdlDisplayTest, APressActivatesAWindowWithoutTheFocusAndComesAfterTheMoveToItsPlaceInScreenPixels) {
     SDL_Event event{};
     event.button.type = SDL_MOUSEBUTTONDOWN;
     event.button.windowID = SdlId();
@@ -185,7 +185,7 @@ TEST_F(SdlDisplayTest, APressComesAfterTheMoveToItsPlaceInScreenPixels) {
     event.button.type = SDL_MOUSEBUTTONUP;
     event.button.state = SDL_RELEASED;
     Push(event);
-    EXPECT_THAT(Fed(), ElementsAre("move 53 44", "down 2", "move 53 44", "up 2"));
+    EXPECT_THAT(Fed(), ElementsAre("activate 7", "move 53 44", "down 2", "move 53 44", "up 2"));
 }
 
 TEST_F(SdlDisplayTest, TheWheelTurnsAwayFromTheUserAsPositive) {

@@ -1,5 +1,6 @@
 #include "tvok/host/desktop/pixels/kernels.h"
 
+#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -17,13 +18,17 @@ std::vector<std::uint32_t> RandomWords(std::size_t count, std::uint32_t seed) {
 
 Surface RandomSurface(std::int32_t width, std::int32_t height) {
     Surface surface(width, height);
-    const auto words = RandomWords(surface.Pitch() * static_cast<std::size_t>(height), 7);
-    std::copy(words.begin(), words.end(), surface.Row(0));
+    const auto words = RandomWords(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 7);
+    for (std::int32_t y = 0; y < height; ++y)
+        std::copy_n(words.begin() + std::ptrdiff_t{y} * width, width, surface.Row(y));
     return surface;
 }
 
 std::vector<Pixel> PixelsOf(const Surface& surface) {
-    return {surface.Row(0), surface.Row(0) + surface.Pitch() * static_cast<std::size_t>(surface.Height())};
+    std::vector<Pixel> pixels;
+    for (std::int32_t y = 0; y < surface.Height(); ++y)
+        pixels.insert(pixels.end(), surface.Row(y), surface.Row(y) + surface.Width());
+    return pixels;
 }
 
 TEST(Kernels, RowsOfEveryLengthGiveTheBitsOfThePlainLoops) {
@@ -51,11 +56,11 @@ TEST(Kernels, CoverageOfEverySizeGivesTheBitsOfThePlainLoop) {
         std::vector<std::uint8_t> bytes(pitch * 5);
         for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
         const Coverage block{bytes.data(), pitch, width, 5};
-        auto fast = RandomWords(64 * 5, 1), plain = fast;
+        Surface fast = RandomSurface(64, 7), plain = fast;
         const auto color = static_cast<Pixel>(random());
-        BlendCoverage(fast.data(), 64, block, color);
-        scalar::BlendCoverage(plain.data(), 64, block, color);
-        EXPECT_EQ(fast, plain) << "width " << width;
+        BlendCoverage(fast, 3, 1, block, color);
+        scalar::BlendCoverage(plain, 3, 1, block, color);
+        EXPECT_EQ(PixelsOf(fast), PixelsOf(plain)) << "width " << width;
     }
 }
 
@@ -64,18 +69,20 @@ TEST(Kernels, BlendIsTheExactMixToWithinOne) {
         for (std::uint32_t over = 0; over < 256; over += 5) {
             std::vector<std::uint8_t> bytes(256);
             for (std::size_t i = 0; i < 256; ++i) bytes[i] = static_cast<std::uint8_t>(i);
-            std::vector<Pixel> pixels(256, under);
-            BlendCoverage(pixels.data(), 256, {bytes.data(), 256, 256, 1}, over);
+            Surface pixels(256, 1);
+            Fill(pixels, {0, 0, 256, 1}, under);
+            BlendCoverage(pixels, 0, 0, {bytes.data(), 256, 256, 1}, over);
             for (std::uint32_t amount = 0; amount < 256; ++amount)
-                ASSERT_NEAR(pixels[amount], (under * (255 - amount) + over * amount) / 255.0, 1);
+                ASSERT_NEAR(pixels.Row(0)[amount], (under * (255 - amount) + over * amount) / 255.0, 1);
         }
 }
 
 TEST(Kernels, NoCoverageKeepsAndFullCoverageReplaces) {
     const std::uint8_t bytes[] = {0, 255, 0, 255, 255};
-    std::vector<Pixel> pixels(5, 0x102030);
-    BlendCoverage(pixels.data(), 5, {bytes, 5, 5, 1}, 0xFEDCBA);
-    EXPECT_EQ(pixels, (std::vector<Pixel>{0x102030, 0xFEDCBA, 0x102030, 0xFEDCBA, 0xFEDCBA}));
+    Surface pixels(5, 1);
+    Fill(pixels, {0, 0, 5, 1}, 0x102030);
+    BlendCoverage(pixels, 0, 0, {bytes, 5, 5, 1}, 0xFEDCBA);
+    EXPECT_EQ(PixelsOf(pixels), (std::vector<Pixel>{0x102030, 0xFEDCBA, 0x102030, 0xFEDCBA, 0xFEDCBA}));
 }
 
 TEST(Kernels, FillTouchesTheRectangleInsideTheSurfaceAlone) {
@@ -112,6 +119,57 @@ TEST(Kernels, MoveCopiesAsIfFromAPictureTakenBefore) {
                     EXPECT_EQ(surface.Row(y)[x], moved ? before.Row(fromY)[fromX] : before.Row(y)[x]);
                 }
         }
+}
+
+/// Wide rectangles, where moving up and down changes where rows lie in memory, again and again on one
+/// surface.
+TEST(Kernels, MovesOfWideRectanglesAddUpToWhatSingleMovesGive) {
+    std::mt19937 random(11);
+    const auto pick = [&](std::int32_t below) {
+        return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(below));
+    };
+    Surface surface = RandomSurface(300, 60);
+    std::vector<Pixel> expected = PixelsOf(surface);
+    for (int step = 0; step < 400; ++step) {
+        const std::int32_t left = pick(6) - 2, right = 303 - pick(6), top = pick(20) - 3,
+                           bottom = 63 - pick(25);
+        const std::int32_t dx = pick(8) == 0 ? pick(9) - 4 : 0,
+                           dy = pick(2) == 0 ? pick(60) - 30 : pick(7) - 3;
+        const std::vector<Pixel> before = expected;
+        for (std::int32_t y = std::max(top, 0); y < std::min(bottom, 60); ++y)
+            for (std::int32_t x = std::max(left, 0); x < std::min(right, 300); ++x) {
+                const std::int32_t toX = x + dx, toY = y + dy;
+                if (toX < 0 || toX >= 300 || toY < 0 || toY >= 60) continue;
+                expected[static_cast<std::size_t>(toY * 300 + toX)] =
+                    before[static_cast<std::size_t>(y * 300 + x)];
+            }
+        Move(surface, {left, top, right, bottom}, dx, dy);
+        ASSERT_EQ(PixelsOf(surface) == expected, true) << "after step " << step;
+    }
+}
+
+TEST(Surface, RollMovesTheColumnsAndKeepsWhatIsBesideThem) {
+    for (const std::int32_t dy : {-3, -2, -1, 1, 2, 3}) {
+        Surface surface = RandomSurface(9, 10);
+        const Surface before = surface;
+        surface.Roll(2, 7, 1, 9, dy);
+        for (std::int32_t y = 0; y < 10; ++y)
+            for (std::int32_t x = 0; x < 9; ++x) {
+                const bool arrives = x >= 2 && x < 7 && y >= 1 && y < 9 && y - dy >= 1 && y - dy < 9;
+                EXPECT_EQ(surface.Row(y)[x], before.Row(arrives ? y - dy : y)[x])
+                    << dy << ": " << x << "," << y;
+            }
+    }
+}
+
+TEST(Surface, AResizeAfterARollKeepsThePicture) {
+    Surface surface = RandomSurface(9, 10);
+    surface.Roll(0, 9, 0, 10, -4);
+    const Surface before = surface;
+    surface.Resize(7, 12);
+    for (std::int32_t y = 0; y < 10; ++y)
+        for (std::int32_t x = 0; x < 7; ++x) EXPECT_EQ(surface.Row(y)[x], before.Row(y)[x]);
+    EXPECT_EQ(surface.Row(11)[0], 0u);
 }
 
 TEST(Kernels, MoveByHugeStepsMovesNothing) {

@@ -38,7 +38,10 @@ protected:
 };
 
 std::vector<Pixel> PixelsOf(const Surface& surface) {
-    return {surface.Row(0), surface.Row(0) + surface.Pitch() * static_cast<std::size_t>(surface.Height())};
+    std::vector<Pixel> pixels;
+    for (std::int32_t y = 0; y < surface.Height(); ++y)
+        pixels.insert(pixels.end(), surface.Row(y), surface.Row(y) + surface.Width());
+    return pixels;
 }
 
 /// The smallest rectangle with everything that is not white.

@@ -175,6 +175,14 @@ TEST(Desktop, SavesAFormWithItsFrameAndTheWholeScreen) {
     EXPECT_EQ(screen.pixels[inside], form.pixels[static_cast<std::size_t>(10 * form.width + 10)]);
     EXPECT_EQ(screen.pixels[0] & 0xFFFFFF, soft::PixelOf(Theme::Classic().colors[host::COLOR_BACKGROUND]));
     EXPECT_THROW(desktop.desktop().SaveScreen("/no/such/folder/x.png"), FileError);
+
+    desktop.desktop().SaveScreen((folder / "part.png").string(), {90, 80, 110, 130});
+    const soft::Image part = soft::ReadPng((folder / "part.png").string());
+    ASSERT_EQ(part.width, 20);
+    ASSERT_EQ(part.height, 50);
+    for (std::size_t y = 0; y < 50; ++y)
+        for (std::size_t x = 0; x < 20; ++x)
+            ASSERT_EQ(part.pixels[y * 20 + x], screen.pixels[(80 + y) * 1280 + 90 + x]) << x << ", " << y;
     std::filesystem::remove_all(folder);
 }
 

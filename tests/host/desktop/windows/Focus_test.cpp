@@ -131,6 +131,43 @@ TEST_F(Focus, GoesOnWhenItsOwnerIsHiddenOrRemoved) {
     EXPECT_TRUE(HasFocus(*all[1]));
 }
 
+TEST_F(Focus, IsLostLikeAnyOtherTimeByAControlThatIsRemoved) {
+    const auto hook = host::services().CreateWindowHook();
+    hook->RtMsg = [&](std::int32_t message, auto&&...) { log.push_back("hook " + std::to_string(message)); };
+    std::int32_t kind = 1;
+    std::int32_t owner = desktop.WindowOf(*all[0]);
+    bool flag = false;
+    hook->HookSet(kind, owner, flag);
+    desktop.form().Remove(*all[0]);
+    EXPECT_THAT(TakeLog(), ElementsAre("hook 8", "a LostFocus", "a ExitFocus", "a Terminate", "b EnterFocus",
+                                       "b GotFocus"));
+    desktop.form().Remove(*all[2]);
+    EXPECT_THAT(TakeLog(), ElementsAre("c Terminate"));
+    desktop.form().Close();
+    EXPECT_THAT(TakeLog(), ElementsAre("b Terminate")) << "a form ends with all of them at once";
+}
+
+TEST_F(Focus, AChildThatIsRemovedLosesItFirst) {
+    Recorder child;
+    Join(child, "child");
+    all[0]->component->AddChild(child, "inner", {5, 5, 30, 30}, nullptr).SetFocus();
+    TakeLog();
+    all[0]->component->RemoveChild(child);
+    EXPECT_THAT(TakeLog(),
+                ElementsAre("child LostFocus", "child ExitFocus", "a ExitFocus", "child Terminate"));
+}
+
+TEST_F(Focus, AHandlerOfTheLossMayRemoveTheControlItself) {
+    all[0]->onEvent = [&](const std::string& event) {
+        log.push_back(event);
+        if (event == "LostFocus") desktop.form().Remove(*all[0]);
+    };
+    desktop.form().Remove(*all[0]);
+    EXPECT_THAT(TakeLog(), ElementsAre("LostFocus", "Terminate", "b EnterFocus", "b GotFocus"));
+    EXPECT_EQ(desktop.form().Names().size(), 2u);
+    desktop.Pump();
+}
+
 TEST_F(Focus, AChildTakesItWithoutAnExitOfItsParent) {
     Recorder child;
     Join(child, "child");

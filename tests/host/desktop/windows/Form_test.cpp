@@ -80,7 +80,7 @@ TEST(Form, RemovingAControlInsideItsOwnEventFreesItLater) {
         }
     };
     desktop.Click(control, 5, 5);
-    EXPECT_THAT(log, ElementsAre("MouseDown 1 0 75 75", "Terminate", "removed"));
+    EXPECT_THAT(log, ElementsAre("MouseDown 1 0 75 75", "LostFocus", "ExitFocus", "Terminate", "removed"));
     EXPECT_EQ(desktop.form().Find("a"), nullptr);
 }
 

@@ -174,7 +174,7 @@ TEST_F(Hooks, AListenerMayEndTheWindow) {
     TakeHeard();
     desktop.desktop().Input().MouseDown(desktop::MouseButton::Left);
     desktop.Pump();
-    EXPECT_THAT(TakeHeard(), IsEmpty());
+    EXPECT_THAT(TakeHeard(), ElementsAre("after 8 0")) << "the loss of the focus, but no press";
     EXPECT_TRUE(desktop.form().Names().empty());
     first->HookRelease(); // the window is gone: harmless
     desktop.Release();
@@ -223,6 +223,18 @@ TEST_F(Hooks, SettingAHookOnNothingIsAnObjectError) {
     EXPECT_THROW(message->HookAttach(nothing, flag), ObjectError);
     EXPECT_EQ(message->HookCount(), 0);
     EXPECT_NO_THROW(message->HookDetach());
+}
+
+TEST_F(Hooks, AHookThatIsSetOnNothingIsReleasedAllTheSame) {
+    for (const std::int32_t kind : {1, 2, 3, 4}) {
+        auto hook = Listen(1, hWnd, "hook");
+        std::int32_t wanted = kind;
+        std::int32_t nothing = 12345;
+        bool flag = false;
+        EXPECT_THROW(hook->HookSet(wanted, nothing, flag), Error);
+        desktop.Click(control, 5, 5);
+        EXPECT_THAT(TakeHeard(), IsEmpty()) << kind;
+    }
 }
 
 TEST_F(Hooks, ReleasedAndDetachedHooksHearNothingAndMayBeSetAgain) {

@@ -189,6 +189,38 @@ TEST_F(Popup, CanGoBackIntoAWindow) {
     EXPECT_EQ(platform().GetParent(desktop.WindowOf(owner)), desktop.form().hWnd());
 }
 
+TEST_F(Popup, APictureThatWasMadeTooLargeInItsPlaceFloatsAtTheSameSize) {
+    picture->Size(1e9F, 1500);
+    const float width = picture->Width();
+    Open();
+    platform().SetParent(picture->hWnd(), desktop.WindowOf(owner));
+    picture->Size(1e9F, 1500);
+    platform().SetParent(picture->hWnd(), 0);
+    EXPECT_EQ(picture->Width(), width);
+    const soft::Window* window = desktop.desktop().world().windows.Find(picture->hWnd());
+    EXPECT_LE(window->top()->surface.Width(), soft::kMaxSurface);
+}
+
+TEST_F(Popup, AComponentThatIsLargerThanASurfaceIsCutWhenItLeavesItsForm) {
+    owner.component->Size(1e9F, 3000);
+    const Handle hWnd = desktop.WindowOf(owner);
+    platform().SetParent(hWnd, 0);
+    tvok_Rect rect;
+    platform().GetWindowRect(hWnd, rect);
+    EXPECT_EQ(rect.Right - rect.Left, soft::kMaxSurface);
+    EXPECT_EQ(rect.bottom - rect.Top, 200);
+    EXPECT_EQ(desktop.desktop().world().windows.Find(hWnd)->top()->surface.Width(), soft::kMaxSurface);
+}
+
+TEST_F(Popup, PointsBeyondTheCoordinatesStayAtTheirEnds) {
+    Point point{INT32_MAX, INT32_MAX - 1};
+    EXPECT_TRUE(platform().ClientToScreen(picture->hWnd(), point));
+    EXPECT_EQ(point, (Point{INT32_MAX, INT32_MAX}));
+    point = {INT32_MIN, INT32_MIN + 1};
+    EXPECT_TRUE(platform().ScreenToClient(picture->hWnd(), point));
+    EXPECT_EQ(point, (Point{INT32_MIN, INT32_MIN}));
+}
+
 TEST_F(Popup, GoesWhenItsComponentGoesHoweverLongItIsHeld) {
     Open();
     const Handle hWnd = picture->hWnd();

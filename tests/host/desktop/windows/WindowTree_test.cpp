@@ -6,6 +6,7 @@
 
 #include "tests/host/desktop/windows/PatternWindow.h"
 #include "tests/support/TestDesktop.h"
+#include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/SoftHooks.h"
 
 namespace tvok::test {
@@ -189,6 +190,24 @@ TEST(WindowTree, AChangeThatUncoversNothingPaintsNothing) {
     tree.Paint();
     EXPECT_EQ(below.paintedPixels, 20);
     EXPECT_EQ(above.paintedPixels, 20);
+}
+
+TEST(WindowTree, AFormThatIsInFrontAlreadyIsNotDrawnAgainToComeToTheFront) {
+    TestDesktop desktop;
+    Window& window = desktop.form().window().window();
+    soft::WindowTree& windows = desktop.desktop().world().windows;
+    desktop.Pump();
+    const auto isDrawnToComeToTheFront = [&] {
+        windows.Order(window, host::HWND_TOP);
+        windows.DrawFrames();
+        return !window.top()->damage.Take().IsEmpty();
+    };
+    EXPECT_FALSE(isDrawnToComeToTheFront());
+    EXPECT_TRUE(window.top()->toRaise); // another program's window may be before it
+    desktop.desktop().AddForm("in front", 50, 50);
+    desktop.Pump();
+    EXPECT_TRUE(isDrawnToComeToTheFront());
+    EXPECT_EQ(windows.tops().front(), &window);
 }
 
 TEST(WindowTree, MovingATopLevelWindowPaintsNothing) {

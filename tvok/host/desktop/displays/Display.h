@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -58,7 +59,8 @@ public:
     virtual void Pointer(std::int16_t mousePointer) = 0; ///< A component's `MousePointer`.
     virtual void Capture(host::Handle id) = 0;           ///< All mouse input until it is given 0.
     virtual std::string ClipboardText() = 0;
-    virtual void ClipboardText(std::string_view utf8) = 0;
+    virtual void ClipboardText(std::string_view utf8) = 0; ///< Not for more than `ClipboardCapacity` bytes.
+    virtual std::size_t ClipboardCapacity() const { return std::numeric_limits<std::size_t>::max(); }
 };
 
 /// A display in memory.

@@ -24,7 +24,8 @@ public:
 
     void Wait(std::chrono::milliseconds timeout, DisplayEvents& events) override {
         std::unique_lock lock(mutex_);
-        wake_.wait_for(lock, timeout, [&] { return woken_; });
+        // Waiting for no time would still put the thread to sleep until the next tick of the machine's timer.
+        if (timeout.count() > 0) wake_.wait_for(lock, timeout, [&] { return woken_; });
         const bool woken = std::exchange(woken_, false);
         lock.unlock();
         if (woken) events.Woken();

@@ -35,6 +35,8 @@ constexpr CursorShape CursorShapes[] = {
     {host::ccSizeWE, SDL_SYSTEM_CURSOR_SIZEWE},
 };
 
+constexpr std::int64_t LookEvery = 25; // milliseconds
+
 std::int32_t WidthOf(const tvok_Rect& rect) {
     return rect.Right - rect.Left;
 }
@@ -64,6 +66,7 @@ public:
     void Capture(Handle id) override;
     std::string ClipboardText() override;
     void ClipboardText(std::string_view utf8) override;
+    std::size_t ClipboardCapacity() const override;
 
 private:
     SdlWindow* Find(Handle id);
@@ -83,6 +86,9 @@ private:
     void FeedKey(const SDL_KeyboardEvent& event, DisplayEvents& events);
     void FeedText(const SDL_TextInputEvent& event, DisplayEvents& events) const;
     void FeedFocusLost(DisplayEvents& events);
+    void FollowCapture() const;
+    bool LooksElsewhere() const;
+    void FeedPressElsewhere(DisplayEvents& events);
 
     float scale_;
     SdlWait wait_;
@@ -92,6 +98,7 @@ private:
     std::uint16_t modifiers_ = 0; ///< While the last key event was made.
     bool focusLost_ = false;      ///< Not told yet: another window of ours may get it.
     bool captured_ = false;
+    bool pressedElsewhere_ = false; ///< While it was last looked for.
 };
 
 SdlDisplay::SdlDisplay(float scale) : scale_(scale) {
@@ -220,11 +227,13 @@ void SdlDisplay::Present(Handle id, const Surface& surface, const Region& damage
 // Input.
 
 void SdlDisplay::Wait(std::chrono::milliseconds timeout, DisplayEvents& events) {
-    const auto limit = std::clamp<std::int64_t>(timeout.count(), 0, 3'600'000);
+    const std::int64_t longest = LooksElsewhere() ? LookEvery : 3'600'000;
+    const auto limit = std::clamp<std::int64_t>(timeout.count(), 0, longest);
     SDL_Event event;
     bool more = wait_.Next(event, std::chrono::milliseconds(limit));
     for (; more; more = SDL_PollEvent(&event) != 0) Feed(event, events);
     FeedFocusLost(events);
+    FeedPressElsewhere(events);
     if (wait_.TakeWoken()) events.Woken();
 }
 
@@ -236,8 +245,8 @@ void SdlDisplay::Feed(const SDL_Event& event, DisplayEvents& events) {
     switch (event.type) {
     case SDL_WINDOWEVENT: return FeedWindow(event.window, events);
     case SDL_MOUSEMOTION: return FeedPointer(event.motion.windowID, event.motion.x, event.motion.y, events);
-    case SDL_MOUSEBUTTONDOWN:
-    case SDL_MOUSEBUTTONUP: return FeedButton(event.button, events);
+    case SDL_MOUSEBUTTONDOWN: return FeedButton(event.button, events);
+    case SDL_MOUSEBUTTONUP: FeedButton(event.button, events); return FollowCapture();
     case SDL_MOUSEWHEEL: return FeedWheel(event.wheel, events);
     case SDL_KEYDOWN:
     case SDL_KEYUP: return FeedKey(event.key, events);
@@ -304,6 +313,11 @@ void SdlDisplay::FeedButton(const SDL_MouseButtonEvent& event, DisplayEvents& ev
     case SDL_BUTTON_MIDDLE: button = MouseButton::Middle; break;
     default: return;
     }
+    // A press may come before the focus that it brings. It has to find its form in front, as on any desktop.
+    const SdlWindow* entry = FindSdl(event.windowID);
+    if (event.state == SDL_PRESSED && entry != nullptr && !entry->asked.popup &&
+        SDL_GetWindowFromID(event.windowID) != SDL_GetKeyboardFocus())
+        events.Activate(entry->asked.id);
     FeedPointer(event.windowID, event.x, event.y, events);
     event.state == SDL_PRESSED ? events.MouseDown(button) : events.MouseUp(button);
 }
@@ -334,6 +348,32 @@ void SdlDisplay::FeedFocusLost(DisplayEvents& events) {
     if (SDL_GetKeyboardFocus() == nullptr) events.Activate(0);
 }
 
+/// Whether a popup is open and the pointer is in no window of the program: SDL ends a capture as soon as the
+/// pointer goes from one window to another, so that a press there is not told.
+bool SdlDisplay::LooksElsewhere() const {
+    const auto isOpen = [](const auto& entry) {
+        return entry.second.asked.popup && entry.second.asked.visible;
+    };
+    return SDL_GetMouseFocus() == nullptr && std::ranges::any_of(windows_, isOpen);
+}
+
+/// A press on another program's window, on the desktop or on the frame of a window of ours closes a popup. It
+/// is fed as one far off, so that its release does not come to a control of ours that lies behind.
+void SdlDisplay::FeedPressElsewhere(DisplayEvents& events) {
+    constexpr std::int32_t FarOff = -20'000;
+    if (!LooksElsewhere()) {
+        pressedElsewhere_ = false;
+        return;
+    }
+    const std::uint32_t pressed =
+        SDL_GetGlobalMouseState(nullptr, nullptr) & ~SDL_GetMouseState(nullptr, nullptr);
+    const bool before = std::exchange(pressedElsewhere_, (pressed & SDL_BUTTON_LMASK) != 0);
+    if (before || !pressedElsewhere_) return;
+    events.MouseMove(FarOff, FarOff);
+    events.MouseDown(MouseButton::Left);
+    events.MouseUp(MouseButton::Left);
+}
+
 void SdlDisplay::Pointer(std::int16_t mousePointer) {
     const auto shape = std::ranges::find(CursorShapes, mousePointer, &CursorShape::mousePointer);
     const bool known = shape != std::end(CursorShapes);
@@ -344,7 +384,16 @@ void SdlDisplay::Pointer(std::int16_t mousePointer) {
 
 void SdlDisplay::Capture(Handle id) {
     captured_ = id != 0;
-    SDL_CaptureMouse(captured_ ? SDL_TRUE : SDL_FALSE);
+    FollowCapture();
+}
+
+// SDL keeps its own until all buttons are up. It would not hear of a release outside, and would take the next
+// press for no change and leave it out.
+void SdlDisplay::FollowCapture() const {
+    if (captured_)
+        SDL_CaptureMouse(SDL_TRUE);
+    else if (SDL_GetMouseState(nullptr, nullptr) == 0)
+        SDL_CaptureMouse(SDL_FALSE);
 }
 
 std::string SdlDisplay::ClipboardText() {
@@ -357,6 +406,15 @@ std::string SdlDisplay::ClipboardText() {
 
 void SdlDisplay::ClipboardText(std::string_view utf8) {
     SDL_SetClipboardText(std::string(utf8).c_str());
+}
+
+// SDL hands the text to the X server in one request. A larger one than the server takes would end the
+// program.
+std::size_t SdlDisplay::ClipboardCapacity() const {
+    constexpr std::size_t cLargestRequest = 16'000'000;
+    const char* const driver = SDL_GetCurrentVideoDriver();
+    return driver != nullptr && std::string_view(driver) == "x11" ? cLargestRequest
+                                                                  : Display::ClipboardCapacity();
 }
 
 bool IsSet(const char* variable) {

@@ -89,7 +89,7 @@ std::string TryWrite(const std::string& file, const Surface& surface) {
     writer.png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &reason, KeepReason, IgnoreWarning);
     if (writer.png) writer.info = png_create_info_struct(writer.png);
     if (!writer.info) return "out of memory";
-    std::vector<std::uint8_t> row(3 * surface.Pitch());
+    std::vector<std::uint8_t> row(3 * static_cast<std::size_t>(surface.Width()));
     const bool written = WriteRows(writer, stream.get(), surface, row);
     const bool closed = std::fclose(stream.release()) == 0;
     if (written && !closed) reason = std::strerror(errno);

@@ -1,10 +1,16 @@
 #include "tvok/host/desktop/pixels/kernels.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
+#if defined(__GNUC__)
+#include <immintrin.h>
+#define TVOK_AVX2 __attribute__((target("avx2"))) ///< For processors that have it: asked at the start.
+#endif
 #endif
 
 namespace tvok::soft {
@@ -31,13 +37,12 @@ Pixel Mix(Pixel under, Pixel over, std::uint32_t amount) {
 
 namespace scalar {
 
-void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
-    for (std::int32_t y = 0; y < block.height; ++y) {
-        const auto row = static_cast<std::size_t>(y);
-        for (std::size_t x = 0; x < static_cast<std::size_t>(block.width); ++x) {
-            Pixel& pixel = to[row * pitch + x];
-            pixel = Mix(pixel, color, block.bytes[row * block.pitch + x]);
-        }
+void BlendCoverage(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block,
+                   Pixel color) {
+    const std::uint8_t* from = block.bytes;
+    for (std::int32_t y = 0; y < block.height; ++y, from += block.pitch) {
+        Pixel* const to = surface.Row(top + y) + left;
+        for (std::int32_t x = 0; x < block.width; ++x) to[x] = Mix(to[x], color, from[x]);
     }
 }
 
@@ -101,15 +106,77 @@ void BlendFour(Pixel* to, const std::uint8_t* from, __m128i over) {
           MixFour(Load(to), over, over, _mm_unpacklo_epi32(parts, parts), _mm_unpackhi_epi32(parts, parts)));
 }
 
+#if defined(TVOK_AVX2)
+
+const bool hasAvx2 = __builtin_cpu_supports("avx2") != 0;
+
+/// As `MixLanes`, for four pixels.
+TVOK_AVX2 __m256i MixLanesOfFour(__m256i raised, __m256i under, __m256i over, __m256i amounts) {
+    const __m256i part = _mm256_add_epi16(amounts, _mm256_srli_epi16(amounts, 7));
+    const __m256i change = _mm256_mullo_epi16(_mm256_sub_epi16(over, under), part);
+    return _mm256_srli_epi16(_mm256_add_epi16(raised, change), 8);
+}
+
+/// As `BlendFour`, for eight pixels: the halves of a register hold the first and the last four.
+TVOK_AVX2 void BlendEight(Pixel* to, const std::uint8_t* from, __m256i over) {
+    constexpr char z = -128; // makes a byte 0
+    const __m256i firstPairs = _mm256_setr_epi8(0, z, 0, z, 0, z, 0, z, 1, z, 1, z, 1, z, 1, z, //
+                                                4, z, 4, z, 4, z, 4, z, 5, z, 5, z, 5, z, 5, z);
+    const __m256i lastPairs = _mm256_setr_epi8(2, z, 2, z, 2, z, 2, z, 3, z, 3, z, 3, z, 3, z, //
+                                               6, z, 6, z, 6, z, 6, z, 7, z, 7, z, 7, z, 7, z);
+    const __m256i zero = _mm256_setzero_si256(), half = _mm256_set1_epi8(z);
+    const __m256i amounts =
+        _mm256_broadcastsi128_si256(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(from)));
+    auto* const place = reinterpret_cast<__m256i*>(to);
+    const __m256i under = _mm256_loadu_si256(place);
+    const __m256i low = MixLanesOfFour(_mm256_unpacklo_epi8(half, under), _mm256_unpacklo_epi8(under, zero),
+                                       over, _mm256_shuffle_epi8(amounts, firstPairs));
+    const __m256i high = MixLanesOfFour(_mm256_unpackhi_epi8(half, under), _mm256_unpackhi_epi8(under, zero),
+                                        over, _mm256_shuffle_epi8(amounts, lastPairs));
+    _mm256_storeu_si256(place, _mm256_packus_epi16(low, high));
+}
+
+/// Blends the columns that make whole groups of eight; how many these are.
+TVOK_AVX2 std::int32_t BlendEights(Surface& surface, std::int32_t left, std::int32_t top,
+                                   const Coverage& block, Pixel color) {
+    const std::int32_t eights = block.width & ~7;
+    if (eights == 0) return 0;
+    const __m256i over =
+        _mm256_unpacklo_epi8(_mm256_set1_epi32(static_cast<std::int32_t>(color)), _mm256_setzero_si256());
+    const std::uint8_t* from = block.bytes;
+    for (std::int32_t y = 0; y < block.height; ++y, from += block.pitch) {
+        Pixel* const to = surface.Row(top + y) + left;
+        for (std::int32_t x = 0; x < eights; x += 8) BlendEight(to + x, from + x, over);
+    }
+    return eights;
+}
+
+std::int32_t BlendWide(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block,
+                       Pixel color) {
+    return hasAvx2 ? BlendEights(surface, left, top, block, color) : 0;
+}
+
+#else
+
+std::int32_t BlendWide(Surface&, std::int32_t, std::int32_t, const Coverage&, Pixel) {
+    return 0;
+}
+
+#endif
+
 } // namespace
 
-void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
+void BlendCoverage(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block,
+                   Pixel color) {
+    const std::int32_t done = BlendWide(surface, left, top, block, color);
+    if (done == block.width) return;
     const __m128i over =
         _mm_unpacklo_epi8(_mm_set1_epi32(static_cast<std::int32_t>(color)), _mm_setzero_si128());
     const std::int32_t fours = block.width & ~3;
     const std::uint8_t* from = block.bytes;
-    for (std::int32_t y = 0; y < block.height; ++y, to += pitch, from += block.pitch) {
-        for (std::int32_t x = 0; x < fours; x += 4) BlendFour(to + x, from + x, over);
+    for (std::int32_t y = 0; y < block.height; ++y, from += block.pitch) {
+        Pixel* const to = surface.Row(top + y) + left;
+        for (std::int32_t x = done; x < fours; x += 4) BlendFour(to + x, from + x, over);
         for (std::int32_t x = fours; x < block.width; ++x) to[x] = Mix(to[x], color, from[x]);
     }
 }
@@ -129,6 +196,12 @@ void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count) {
 }
 
 void FillRow(Pixel* to, std::size_t count, Pixel color) {
+    constexpr std::size_t many = 32; // from here on the C library's ways for this processor pay for the call
+    if constexpr (sizeof(wchar_t) == sizeof(Pixel))
+        if (count >= many) {
+            std::wmemset(reinterpret_cast<wchar_t*>(to), static_cast<wchar_t>(color), count);
+            return;
+        }
     if (count < 4) return scalar::FillRow(to, count, color);
     const __m128i four = _mm_set1_epi32(static_cast<std::int32_t>(color));
     Pixel* const last = to + count - 4;
@@ -151,8 +224,9 @@ void InvertRow(Pixel* to, std::size_t count) {
 
 #else
 
-void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color) {
-    scalar::BlendCoverage(to, pitch, block, color);
+void BlendCoverage(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block,
+                   Pixel color) {
+    scalar::BlendCoverage(surface, left, top, block, color);
 }
 
 void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count) {
@@ -183,10 +257,25 @@ std::size_t WidthOf(const tvok_Rect& rect) {
     return static_cast<std::size_t>(rect.Right - rect.Left);
 }
 
+/// Whether giving rows other places costs much less than copying what moves to `to`: it reads and writes the
+/// pixels beside it and the rows that nothing arrives at.
+bool RollingPays(const Surface& surface, const tvok_Rect& to, std::int32_t dy) {
+    constexpr std::int64_t cacheLines = 32; // in pixels: what the shortest piece of a row costs on both sides
+    const std::int64_t rows = std::int64_t{to.bottom} - to.Top, distance = std::abs(std::int64_t{dy});
+    const std::int64_t width = std::int64_t{to.Right} - to.Left, beside = surface.Width() - width;
+    if (rows <= distance) return false;
+    const std::int64_t rolled = (beside > 0 ? beside + cacheLines : 0) * (rows + distance) + width * distance;
+    return 2 * rolled < width * rows;
+}
+
 } // namespace
 
 void Fill(Surface& surface, const tvok_Rect& rect, Pixel color) {
     const tvok_Rect inside = Intersection(rect, BoundsOf(surface));
+    if (inside.Right - inside.Left == 1) { // grid lines and edges
+        for (std::int32_t y = inside.Top; y < inside.bottom; ++y) surface.Row(y)[inside.Left] = color;
+        return;
+    }
     for (std::int32_t y = inside.Top; y < inside.bottom; ++y)
         FillRow(surface.Row(y) + inside.Left, WidthOf(inside), color);
 }
@@ -200,6 +289,9 @@ void Invert(Surface& surface, const tvok_Rect& rect) {
 void Move(Surface& surface, const tvok_Rect& source, std::int32_t dx, std::int32_t dy) {
     const tvok_Rect bounds = BoundsOf(surface);
     const tvok_Rect to = Intersection(Moved(Intersection(source, bounds), dx, dy), bounds);
+    if (dx == 0 && dy != 0 && RollingPays(surface, to, dy))
+        return surface.Roll(to.Left, to.Right, std::min(to.Top, to.Top - dy),
+                            std::max(to.bottom, to.bottom - dy), dy);
     const std::size_t bytes = WidthOf(to) * sizeof(Pixel);
     const auto moveRow = [&](std::int32_t y) {
         std::memmove(surface.Row(y) + to.Left, surface.Row(y - dy) + (to.Left - dx), bytes);

@@ -1,5 +1,5 @@
-/// The inner loops of drawing: fill, move, invert and blend. Where the processor has SSE2 they use it, and
-/// give the same bits as the plain loops in `scalar`.
+/// The inner loops of drawing: fill, move, invert and blend. Where the processor has SSE2 or AVX2 they use
+/// it, and give the same bits as the plain loops in `scalar`.
 #pragma once
 
 #include <cstddef>
@@ -39,9 +39,9 @@ struct Coverage {
     std::int32_t height = 0;
 };
 
-/// Mixes `color` into `block.width` by `block.height` pixels from `to` on: each channel is within 1 of the
-/// exact mix. `pitch`: pixels from one row to the next. The caller has clipped.
-void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color);
+/// Mixes `color` into `block.width` by `block.height` pixels whose top left is (left, top): each channel is
+/// within 1 of the exact mix. The caller has clipped.
+void BlendCoverage(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block, Pixel color);
 /// Draws 0xAARRGGBB pixels, colours not multiplied by alpha, over `to`.
 void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count);
 void FillRow(Pixel* to, std::size_t count, Pixel color);
@@ -49,7 +49,7 @@ void InvertRow(Pixel* to, std::size_t count);
 
 /// The plain loops that the ones above agree with bit by bit.
 namespace scalar {
-void BlendCoverage(Pixel* to, std::size_t pitch, const Coverage& block, Pixel color);
+void BlendCoverage(Surface& surface, std::int32_t left, std::int32_t top, const Coverage& block, Pixel color);
 void BlendImageRow(Pixel* to, const std::uint32_t* image, std::size_t count);
 void FillRow(Pixel* to, std::size_t count, Pixel color);
 void InvertRow(Pixel* to, std::size_t count);

@@ -26,7 +26,11 @@ std::string DisplayClipboard::Text() {
 }
 
 void DisplayClipboard::Text(std::string_view utf8) {
-    display_.ClipboardText(utf8);
+    if (utf8.size() <= Capacity()) display_.ClipboardText(utf8);
+}
+
+std::size_t DisplayClipboard::Capacity() const {
+    return display_.ClipboardCapacity();
 }
 
 Clipboard& clipboard() {

@@ -3,8 +3,12 @@
 #include <map>
 #include <utility>
 
+#include "tvok/controls/buttonstrip/xbutton.h"
+#include "tvok/controls/columnbar/pcols.h"
 #include "tvok/controls/flatlist/qRoster.h"
+#include "tvok/controls/iconlabel/iLabel.h"
 #include "tvok/controls/largelist/qRosterex.h"
+#include "tvok/controls/popup/xPopup.h"
 #include "tvok/host/desktop/TextBox.h"
 
 namespace tvok {
@@ -23,7 +27,10 @@ ControlType TypeOf() {
 
 std::map<std::string, ControlType>& Types() {
     static std::map<std::string, ControlType> types{
-        {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()}, {"TextBox", TypeOf<TextBox>()}};
+        {"TextBox", TypeOf<TextBox>()}, {"iLabel", TypeOf<iLabel>()},       {"pcols", TypeOf<pcols>()},
+        {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()}, {"xPopup", TypeOf<xPopup>()},
+        {"xbutton", TypeOf<xbutton>()},
+    };
     return types;
 }
 

@@ -39,7 +39,7 @@ void DrawClipped(const Canvas& canvas, const Glyph& glyph, std::int64_t left, st
     const auto pitch = static_cast<std::size_t>(glyph.pitch);
     const Coverage part{glyph.rows + (fromY - top) * glyph.pitch + (fromX - left), pitch,
                         static_cast<std::int32_t>(toX - fromX), static_cast<std::int32_t>(toY - fromY)};
-    BlendCoverage(canvas.surface.Row(static_cast<std::int32_t>(fromY)) + fromX, canvas.surface.Pitch(), part,
+    BlendCoverage(canvas.surface, static_cast<std::int32_t>(fromX), static_cast<std::int32_t>(fromY), part,
                   canvas.color);
 }
 
@@ -52,7 +52,7 @@ void DrawGlyph(const Canvas& canvas, const Glyph& glyph, std::int64_t x, std::in
     if (!isInside) return DrawClipped(canvas, glyph, left, top);
     // Whole rows with their padding, which covers nothing: the blend then works on full groups of pixels.
     const Coverage block{glyph.rows, static_cast<std::size_t>(glyph.pitch), glyph.pitch, glyph.height};
-    BlendCoverage(canvas.surface.Row(static_cast<std::int32_t>(top)) + left, canvas.surface.Pitch(), block,
+    BlendCoverage(canvas.surface, static_cast<std::int32_t>(left), static_cast<std::int32_t>(top), block,
                   canvas.color);
 }
 

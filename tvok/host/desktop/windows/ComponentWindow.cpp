@@ -65,6 +65,13 @@ void ComponentWindow::BringUp(host::PropertyBag* settings) {
     }
 }
 
+void ComponentWindow::LoseFocus() {
+    const Window* focused = world().windows.Find(world().focus.focus());
+    if (!focused || !focused->IsInside(window())) return;
+    const World::Running running(world());
+    quietly([&] { world().focus.Focus(0); });
+}
+
 void ComponentWindow::End() {
     if (std::exchange(ended_, true)) return;
     const World::Running running(world());
@@ -106,7 +113,13 @@ host::Component& ComponentWindow::AddChild(host::Control& child, std::string_vie
 }
 
 void ComponentWindow::RemoveChild(host::Control& child) {
-    const auto found = std::ranges::find(children_, &child, [](const auto& each) { return &each->control_; });
+    const auto find = [&] {
+        return std::ranges::find(children_, &child, [](const auto& each) { return &each->control_; });
+    };
+    auto found = find();
+    if (found == children_.end()) return;
+    (*found)->LoseFocus();
+    found = find(); // a handler may have removed it, or another
     if (found == children_.end()) return;
     std::unique_ptr<ComponentWindow> removed = std::move(*found);
     children_.erase(found);

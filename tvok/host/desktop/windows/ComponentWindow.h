@@ -21,6 +21,8 @@ public:
     /// The component is going away, and with it the window.
     void OwnerGone();
     Window* FocusByMouse() override;
+    /// It may be made to float, and then keeps the size that it was given before.
+    std::int32_t LongestSide() const override { return kMaxSurface; }
 
 private:
     ComponentWindow* owner_;
@@ -35,6 +37,9 @@ public:
     /// Runs the control's `Initialize`, then `ReadProperties` from `settings`; without, from an empty bag, or
     /// at design time `InitProperties`; then `Resize`. When one of them throws, the control has been ended.
     void BringUp(host::PropertyBag* settings);
+    /// Takes the focus away from what is inside, which hears of it as of any other loss. For a component that
+    /// is removed while its form stays. What a handler throws is ignored.
+    void LoseFocus();
     /// Runs the control's `Terminate` and takes the window away. Harmless twice.
     void End();
 

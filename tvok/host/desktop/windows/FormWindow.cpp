@@ -77,8 +77,13 @@ void FormWindow::Adopt(std::string_view name, const tvok_Rect& rect, std::unique
 }
 
 void FormWindow::Remove(host::Control& control) {
-    const auto found =
-        std::ranges::find(entries_, &control, [](const Entry& entry) { return entry.control.get(); });
+    const auto find = [&] {
+        return std::ranges::find(entries_, &control, [](const Entry& entry) { return entry.control.get(); });
+    };
+    auto found = find();
+    if (found == entries_.end()) return;
+    found->component->LoseFocus();
+    found = find(); // a handler may have removed it, or another
     if (found == entries_.end()) return;
     auto removed = std::make_shared<Entry>(std::move(*found));
     entries_.erase(found);

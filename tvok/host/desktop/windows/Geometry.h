@@ -30,6 +30,10 @@ constexpr bool IsEmpty(const tvok_Rect& rect) {
 constexpr bool Contains(const tvok_Rect& rect, host::Point point) {
     return point.x >= rect.Left && point.x < rect.Right && point.y >= rect.Top && point.y < rect.bottom;
 }
+/// The nearest value that 32 bits hold.
+constexpr std::int32_t Saturated(std::int64_t value) {
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, INT32_MIN, INT32_MAX));
+}
 constexpr tvok_Rect Moved(const tvok_Rect& rect, std::int32_t dx, std::int32_t dy) {
     return {rect.Left + dx, rect.Top + dy, rect.Right + dx, rect.bottom + dy};
 }

@@ -146,11 +146,11 @@ const host::MouseHookRecord* SoftWindowHook::Mouse() const {
 }
 
 void SoftWindowHook::HookSet(std::int32_t& kind, std::int32_t& target, bool&) {
+    HookRelease();
     if (kind < 0 || kind > 3) throw Error("a hook has the kind 0, 1, 2 or 3");
     const bool ofThread = kind >= 2;
     if (ofThread ? target != kThreadID : !world_.windows.Find(target))
         throw ObjectError("a hook was set on a window or thread that does not exist");
-    HookRelease();
     kind_ = kind;
     (kind == 2   ? world_.hooks.mouse
      : kind == 3 ? world_.hooks.keys

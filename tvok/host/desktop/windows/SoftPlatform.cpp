@@ -31,7 +31,7 @@ bool SoftPlatform::ClientToScreen(host::Handle hWnd, host::Point& point) {
     const Window* window = Find(hWnd);
     if (!window) return false;
     const host::Point origin = world_.windows.ClientOrigin(*window);
-    point = {point.x + origin.x, point.y + origin.y};
+    point = {Saturated(std::int64_t{point.x} + origin.x), Saturated(std::int64_t{point.y} + origin.y)};
     return true;
 }
 
@@ -39,7 +39,7 @@ bool SoftPlatform::ScreenToClient(host::Handle hWnd, host::Point& point) {
     const Window* window = Find(hWnd);
     if (!window) return false;
     const host::Point origin = world_.windows.ClientOrigin(*window);
-    point = {point.x - origin.x, point.y - origin.y};
+    point = {Saturated(std::int64_t{point.x} - origin.x), Saturated(std::int64_t{point.y} - origin.y)};
     return true;
 }
 

@@ -14,6 +14,7 @@ WidgetCore::WidgetCore(World& world, Window* parent, const tvok_Rect& rect, bool
     : world_(world), window_(world.windows, *this) {
     font = std::make_shared<ComponentFont>(world, window_.dc());
     SetFontTransparent(true);
+    SetForeColor(foreColor);
     world.windows.Attach(window_, parent, rect, shown);
 }
 
@@ -118,6 +119,16 @@ void WidgetCore::ApplyFrame() {
 
 void WidgetCore::SetBackColor(OLE_COLOR color) {
     if (std::exchange(backColor, color) != color) world_.windows.Invalidate(window_, nullptr, true);
+}
+
+void WidgetCore::SetForeColor(OLE_COLOR color) {
+    foreColor = color;
+    window_.dc().TextColor(world_.ColorOf(color));
+}
+
+void WidgetCore::ThemeChanged() {
+    font->Renew();
+    SetForeColor(foreColor);
 }
 
 void WidgetCore::SetFontTransparent(bool transparent) {

@@ -29,7 +29,7 @@ public:
     void DrawFrame(Window& window, DeviceContext& context) override;
     std::int32_t EraseColor() const override;
     std::int16_t Pointer() const override { return pointer; }
-    void ThemeChanged() override { font->Renew(); }
+    void ThemeChanged() override;
 
     float ToTwips(std::int32_t pixels) const;
     std::int32_t ToPixels(float twips) const;
@@ -38,6 +38,7 @@ public:
     void SetAppearance(std::int16_t value);
     void SetBorderStyle(std::int16_t value);
     void SetBackColor(OLE_COLOR color);
+    void SetForeColor(OLE_COLOR color);
     void SetFontTransparent(bool transparent);
     void SetPointer(std::int16_t value);
     float TextWidth(std::string_view text) const;
@@ -97,7 +98,7 @@ public:
     OLE_COLOR BackColor() const override { return backColor; }
     void BackColor(OLE_COLOR color) override { SetBackColor(color); }
     OLE_COLOR ForeColor() const override { return foreColor; }
-    void ForeColor(OLE_COLOR color) override { foreColor = color; }
+    void ForeColor(OLE_COLOR color) override { SetForeColor(color); }
     host::FontPtr Font() const override { return font; }
     void Font(const host::Font& from) override { Assign(*font, ValueOf(from)); }
     bool FontTransparent() const override { return fontTransparent; }

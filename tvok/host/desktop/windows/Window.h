@@ -39,6 +39,8 @@ public:
     virtual void ThemeChanged() {}
     /// The frame became wider or narrower without a change of the window's size.
     virtual void FrameResized() {}
+    /// The most that either side of the window may be while it has a parent.
+    virtual std::int32_t LongestSide() const { return kMaxCoordinate; }
 };
 
 /// What the handle of a device context names.

@@ -7,6 +7,16 @@
 
 namespace tvok::soft {
 
+namespace {
+
+/// A window inside another may be larger than any surface.
+void LimitToSurface(tvok_Rect& rect) {
+    rect.Right = std::min(rect.Right, rect.Left + kMaxSurface);
+    rect.bottom = std::min(rect.bottom, rect.Top + kMaxSurface);
+}
+
+} // namespace
+
 struct WindowTree::Affected {
     const Window& window;
     tvok_Rect before; ///< On the surface.
@@ -136,7 +146,7 @@ void WindowTree::Place(Window& window, const tvok_Rect& rect) {
     const tvok_Rect before = window.rect_;
     const std::int32_t left = LimitCoordinate(rect.Left);
     const std::int32_t top = LimitCoordinate(rect.Top);
-    const std::int32_t most = window.own_ ? kMaxSurface : kMaxCoordinate;
+    const std::int32_t most = window.own_ ? kMaxSurface : window.client_.LongestSide();
     const tvok_Rect now{left, top, left + std::clamp(rect.Right - rect.Left, 0, most),
                         top + std::clamp(rect.bottom - rect.Top, 0, most)};
     if (now == before) return;
@@ -168,8 +178,8 @@ void WindowTree::Order(Window& window, host::Handle after) {
     if (!window.alive_) return;
     if (after == host::HWND_TOPMOST) window.exStyle_ |= host::WS_EX_TOPMOST;
     if (after == host::HWND_NOTOPMOST) window.exStyle_ &= ~host::WS_EX_TOPMOST;
-    Rearrange(window, [&] {
-        auto& order = window.parent_ ? window.parent_->children_ : tops_;
+    auto& order = window.parent_ ? window.parent_->children_ : tops_;
+    const auto change = [&] {
         std::erase(order, &window);
         auto place = order.begin();
         if (after == host::HWND_BOTTOM) {
@@ -180,7 +190,9 @@ void WindowTree::Order(Window& window, host::Handle after) {
         }
         order.insert(place, &window);
         SortTops();
-    });
+    };
+    // Every click asks for the front again.
+    if (after != host::HWND_TOP || order.empty() || order.front() != &window) Rearrange(window, change);
     if (window.own_ && after != host::HWND_BOTTOM) window.own_->toRaise = true;
 }
 
@@ -194,6 +206,7 @@ bool WindowTree::Reparent(Window& window, Window* parent) {
         if (window.own_->isOpen) world_.display->Close(window.handle_);
         window.own_.reset();
     }
+    if (!parent) LimitToSurface(window.rect_);
     Link(window, parent);
     Rearrange(window, [&] { window.shown_ = shown; });
     return true;
