@@ -7,6 +7,7 @@
 #include "tvok/controls/iconlabel/iLabel.h"
 #include "tvok/controls/largelist/qRosterex.h"
 #include "tvok/controls/popup/xPopup.h"
+#include "tvok/controls/propertylist/gList.h"
 #include "tvok/host/desktop/ControlTypes.h"
 #include "tvok/host/desktop/Desktop.h"
 #include "tvok/host/desktop/Form.h"

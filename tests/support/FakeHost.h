@@ -152,6 +152,16 @@ public:
         }
         return upper;
     }
+    std::string LowerCase(std::string_view text) const override {
+        std::string lower(text);
+        for (std::size_t i = 0; i < lower.size(); ++i) {
+            if (lower[i] >= 'A' && lower[i] <= 'Z') lower[i] = static_cast<char>(lower[i] + 32);
+            const bool latin = lower[i] == '\xC3' && i + 1 < lower.size();
+            if (latin && static_cast<unsigned char>(lower[i + 1]) < 0xA0)
+                lower[i + 1] = static_cast<char>(lower[i + 1] + 32);
+        }
+        return lower;
+    }
     int CompareText(std::string_view a, std::string_view b) const override {
         const int order = UpperCase(a).compare(UpperCase(b));
         return order < 0 ? -1 : order > 0 ? 1 : 0;

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "tvok/engine/ItemSlots.h"
@@ -43,10 +44,12 @@ void DrawItemAt(ListState& state, std::int32_t index, ItemSlots& items, IndexArr
 void DrawItems(ListState& state, const tvok_Rect& rect, ItemSlots& items, IndexArray& indexes,
                const CellTable& cells, cExdrawCallback& callback, bool focus);
 /// The same for a control that paints each item itself: `paintItem` gets the index of a cell on the page,
-/// which starts at `first` and goes on from what is left in it. Blank cells and the filler are painted here.
-void DrawCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
-               cExdrawCallback& callback, std::int64_t first,
-               const std::function<void(std::int32_t&)>& paintItem);
+/// which starts at `first` and goes on from what is left in it. `paintBlank` paints a cell past the items and
+/// the filler, with `CurItem` 0.
+void DrawCells(ListState& state, const tvok_Rect& rect, const CellTable& cells, std::int64_t first,
+               const std::function<void(std::int32_t&)>& paintItem, const std::function<void()>& paintBlank);
+/// Paints `CellRect` with slot 0; `CurItem` has to be 0.
+void DrawBlank(ListState& state, ItemSlots& items, cExdrawCallback& callback);
 void ResolveIconPos(std::int32_t itemIconPos, std::int32_t& left, std::int32_t& top, std::int32_t& width,
                     std::int32_t& height, std::int32_t cellHeight, std::int32_t areaWidth,
                     std::int32_t listIconPos);
@@ -78,6 +81,9 @@ std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const 
 /// Sorts entries `low` to `high` of the index by text; `low` is 1 or more. Not stable: which of several equal
 /// texts comes first follows from the steps of a partition about the middle entry with short runs sorted by
 /// selection, and entry 0 is left as the last swap of these steps leaves it.
+using TextOfEntry = std::function<const std::string&(std::int32_t)>;
+void SortIndexByText(const TextOfEntry& textOf, IndexArray& indexes, std::int32_t low, std::int32_t high,
+                     bool ascending, bool caseSensitive);
 void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive);
 /// The first position from 1 to `count` that names the slot, or 0.

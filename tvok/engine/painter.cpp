@@ -197,20 +197,15 @@ void DrawSlot(ListState& state, std::int32_t slot, ItemSlots& items, cExdrawCall
     DrawListItem(state, loan.record(), callback, focus);
 }
 
-void DrawBlank(ListState& state, ItemSlots& items, cExdrawCallback& callback) {
-    state.CurItem = 0;
-    DrawSlot(state, 0, items, callback, false);
-}
-
 bool Meets(const tvok_Rect& cell, std::int32_t line, const tvok_Rect& rect) {
     tvok_Rect common;
     return host::Platform::IntersectRect(common, dgi::InflatedRect(cell, line), rect);
 }
 
 /// Goes through the cells of the page from the item `index` on; `paintItem` may change the index it is given.
-template<class PaintItem>
-void WalkCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
-               cExdrawCallback& callback, std::int64_t index, const PaintItem& paintItem) {
+template<class PaintItem, class PaintBlank>
+void WalkCells(ListState& state, const tvok_Rect& rect, const CellTable& cells, std::int64_t index,
+               const PaintItem& paintItem, const PaintBlank& paintBlank) {
     // True is 1 here, so this never ends the painting, and nothing else asks for an empty rectangle: the
     // filler cells are painted for one as well. That stays.
     if (host::Platform::IsRectEmpty(rect) == -1) return;
@@ -223,13 +218,15 @@ void WalkCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const 
             state.CurRow = row;
             state.CellRect = cells(column, row);
             if (column == columns) {
-                DrawBlank(state, items, callback);
+                state.CurItem = 0;
+                paintBlank();
                 continue;
             }
             const auto present = index++;
             if (!Meets(state.CellRect, state.GridlineWidth, rect)) continue;
             if (present > state.Count) {
-                DrawBlank(state, items, callback);
+                state.CurItem = 0;
+                paintBlank();
                 continue;
             }
             auto painted = static_cast<std::int32_t>(present);
@@ -265,18 +262,22 @@ void DrawItemAt(ListState& state, std::int32_t index, ItemSlots& items, IndexArr
 
 void DrawItems(ListState& state, const tvok_Rect& rect, ItemSlots& items, IndexArray& indexes,
                const CellTable& cells, cExdrawCallback& callback, bool focus) {
-    WalkCells(state, rect, items, cells, callback, std::int64_t{state.TopRow} * state.xn + 1,
-              [&](std::int32_t& index) {
-                  state.CurItem = index;
-                  DrawItemAt(state, index, items, indexes, cells, callback, state.CurCol, state.CurRow,
-                             focus);
-              });
+    WalkCells(
+        state, rect, cells, std::int64_t{state.TopRow} * state.xn + 1,
+        [&](std::int32_t& index) {
+            state.CurItem = index;
+            DrawItemAt(state, index, items, indexes, cells, callback, state.CurCol, state.CurRow, focus);
+        },
+        [&] { DrawSlot(state, 0, items, callback, false); });
 }
 
-void DrawCells(ListState& state, const tvok_Rect& rect, ItemSlots& items, const CellTable& cells,
-               cExdrawCallback& callback, std::int64_t first,
-               const std::function<void(std::int32_t&)>& paintItem) {
-    WalkCells(state, rect, items, cells, callback, first, paintItem);
+void DrawCells(ListState& state, const tvok_Rect& rect, const CellTable& cells, std::int64_t first,
+               const std::function<void(std::int32_t&)>& paintItem, const std::function<void()>& paintBlank) {
+    WalkCells(state, rect, cells, first, paintItem, paintBlank);
+}
+
+void DrawBlank(ListState& state, ItemSlots& items, cExdrawCallback& callback) {
+    DrawSlot(state, 0, items, callback, false);
 }
 
 void ResolveIconPos(std::int32_t itemIconPos, std::int32_t& left, std::int32_t& top, std::int32_t& width,

@@ -23,11 +23,11 @@ struct Key : TextKey {
 /// The keys of a range of entries, made once each.
 class Keys {
 public:
-    Keys(const ItemSlots& items, const IndexArray& indexes, std::int32_t low, std::int32_t high,
+    Keys(const TextOfEntry& textOfEntry, const IndexArray& indexes, std::int32_t low, std::int32_t high,
          bool caseSensitive)
         : keys_(static_cast<std::size_t>(high - low) + 1) {
         const auto textOf = [&](std::size_t place) -> const std::string& {
-            return items[indexes[low + static_cast<std::int32_t>(place)]].text;
+            return textOfEntry(indexes[low + static_cast<std::int32_t>(place)]);
         };
         if (caseSensitive) {
             for (std::size_t i = 0; i < keys_.size(); ++i) Set(i, textOf(i));
@@ -185,13 +185,13 @@ std::int32_t PositionOfSlot(std::int32_t slot, const IndexArray& indexes, std::i
     return 0;
 }
 
-void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
+void SortIndexByText(const TextOfEntry& textOf, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive) {
     if (high <= low) return;
     for (const auto bound : {low, high})
         if (bound < 0 || bound > indexes.UpperBound()) throw SubscriptError(bound, indexes.UpperBound());
     bool distinct = false;
-    const auto ranks = Keys(items, indexes, low, high, caseSensitive).Ranks(ascending, distinct);
+    const auto ranks = Keys(textOf, indexes, low, high, caseSensitive).Ranks(ascending, distinct);
     std::vector<Entry> entries(ranks.size());
     for (std::size_t i = 0; i < entries.size(); ++i)
         entries[i] = {ranks[i], indexes[low + static_cast<std::int32_t>(i)]};
@@ -200,6 +200,12 @@ void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t l
     for (std::size_t i = 0; i < entries.size(); ++i)
         indexes[low + static_cast<std::int32_t>(i)] = entries[i].slot;
     if (low > 0) indexes[0] = scratch;
+}
+
+void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,
+                     bool ascending, bool caseSensitive) {
+    SortIndexByText([&](std::int32_t slot) -> const std::string& { return items[slot].text; }, indexes, low,
+                    high, ascending, caseSensitive);
 }
 
 void ResortItems(ListState& state, const ItemSlots& items, IndexArray& indexes) {

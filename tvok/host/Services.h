@@ -50,6 +50,7 @@ class Language {
 public:
     virtual ~Language() = default;
     virtual std::string UpperCase(std::string_view text) const = 0;
+    virtual std::string LowerCase(std::string_view text) const = 0;
     /// -1, 0 or 1, with the case of letters ignored.
     virtual int CompareText(std::string_view a, std::string_view b) const = 0;
     /// Replaces `key` by a text of bytes whose plain comparison orders as `CompareText` does.

@@ -44,10 +44,12 @@ void xPopup::PaintPopupRect(const tvok_Rect& rect) {
     const auto callback = CallbackNow();
     // The position is the hook's. TopRow follows it in the same moment, but painting asks the hook.
     OnShownGrid([&](ListState& state) {
-        mtvok::DrawCells(state, rect, items_, cells_, *callback,
-                         std::int64_t{hook->ScrollValue()} * state.xn + 1, [&](std::int32_t& index) {
-                             if (IsOpen()) DrawItem(index); // a handler of an item before may have closed it
-                         });
+        mtvok::DrawCells(
+            state, rect, cells_, std::int64_t{hook->ScrollValue()} * state.xn + 1,
+            [&](std::int32_t& index) {
+                if (IsOpen()) DrawItem(index); // a handler of an item before may have closed it
+            },
+            [&] { mtvok::DrawBlank(state, items_, *callback); });
     });
 }
 

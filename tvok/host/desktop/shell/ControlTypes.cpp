@@ -9,6 +9,7 @@
 #include "tvok/controls/iconlabel/iLabel.h"
 #include "tvok/controls/largelist/qRosterex.h"
 #include "tvok/controls/popup/xPopup.h"
+#include "tvok/controls/propertylist/gList.h"
 #include "tvok/host/desktop/TextBox.h"
 
 namespace tvok {
@@ -27,9 +28,9 @@ ControlType TypeOf() {
 
 std::map<std::string, ControlType>& Types() {
     static std::map<std::string, ControlType> types{
-        {"TextBox", TypeOf<TextBox>()}, {"iLabel", TypeOf<iLabel>()},       {"pcols", TypeOf<pcols>()},
-        {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()}, {"xPopup", TypeOf<xPopup>()},
-        {"xbutton", TypeOf<xbutton>()},
+        {"TextBox", TypeOf<TextBox>()}, {"gList", TypeOf<gList>()},     {"iLabel", TypeOf<iLabel>()},
+        {"pcols", TypeOf<pcols>()},     {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()},
+        {"xPopup", TypeOf<xPopup>()},   {"xbutton", TypeOf<xbutton>()},
     };
     return types;
 }

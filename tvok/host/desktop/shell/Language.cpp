@@ -54,21 +54,15 @@ class IcuLanguage : public host::Language {
 public:
     explicit IcuLanguage(const std::string& language)
         : collator_(OpenCollator(language)), caseMap_(OpenCaseMap(language)) {
-        for (std::size_t place = 0; place < upper_.size(); ++place) {
-            const std::string upper = MapToUpper(std::string(1, static_cast<char>(place)));
-            if (upper.size() == 1) upper_[place] = upper.front();
-            simple_[place] = upper.size() == 1;
-        }
+        Fill(upper_, &ucasemap_utf8ToUpper);
+        Fill(lower_, &ucasemap_utf8ToLower);
     }
 
     std::string UpperCase(std::string_view text) const override {
-        std::string upper(text);
-        for (char& character : upper) {
-            const auto place = static_cast<unsigned char>(character);
-            if (place >= upper_.size() || !simple_[place]) return MapToUpper(text);
-            character = upper_[place];
-        }
-        return upper;
+        return MapCase(text, upper_, &ucasemap_utf8ToUpper);
+    }
+    std::string LowerCase(std::string_view text) const override {
+        return MapCase(text, lower_, &ucasemap_utf8ToLower);
     }
 
     int CompareText(std::string_view a, std::string_view b) const override {
@@ -96,27 +90,51 @@ private:
         return *ascii_;
     }
 
-    std::string MapToUpper(std::string_view text) const {
-        std::string upper(text.size() + 16, '\0');
+    using Mapping = decltype(&ucasemap_utf8ToUpper);
+
+    /// What the letters of ASCII become. Only characters whose counterpart is one byte are in it: 0 for
+    /// others.
+    using AsciiCase = std::array<char, 128>;
+
+    void Fill(AsciiCase& table, Mapping mapping) const {
+        for (std::size_t place = 1; place < table.size(); ++place) {
+            const std::string mapped = Map(std::string(1, static_cast<char>(place)), mapping);
+            table[place] = mapped.size() == 1 ? mapped.front() : '\0';
+        }
+    }
+
+    std::string MapCase(std::string_view text, const AsciiCase& table, Mapping mapping) const {
+        std::string mapped(text);
+        for (char& character : mapped) {
+            const auto place = static_cast<unsigned char>(character);
+            if (place == 0) continue;
+            if (place >= table.size() || table[place] == '\0') return Map(text, mapping);
+            character = table[place];
+        }
+        return mapped;
+    }
+
+    std::string Map(std::string_view text, Mapping mapping) const {
+        std::string mapped(text.size() + 16, '\0');
         const auto map = [&] {
             UErrorCode status = U_ZERO_ERROR;
-            return ucasemap_utf8ToUpper(caseMap_.get(), upper.data(), LengthOf(upper), text.data(),
-                                        LengthOf(text), &status);
+            return mapping(caseMap_.get(), mapped.data(), LengthOf(mapped), text.data(), LengthOf(text),
+                           &status);
         };
         std::int32_t size = map();
-        if (static_cast<std::size_t>(size) > upper.size()) {
-            upper.resize(static_cast<std::size_t>(size));
+        if (static_cast<std::size_t>(size) > mapped.size()) {
+            mapped.resize(static_cast<std::size_t>(size));
             size = map();
         }
-        upper.resize(static_cast<std::size_t>(std::max(size, 0)));
-        return upper;
+        mapped.resize(static_cast<std::size_t>(std::max(size, 0)));
+        return mapped;
     }
 
     CollatorPtr collator_;
     CaseMapPtr caseMap_;
     mutable std::unique_ptr<const AsciiOrder> ascii_; ///< Read at the first use: it takes some milliseconds.
-    std::array<char, 128> upper_{};
-    std::array<bool, 128> simple_{}; ///< `upper_` holds for the character, whatever stands beside it.
+    AsciiCase upper_{};
+    AsciiCase lower_{};
     mutable std::vector<UChar> wide_;
 };
 
