@@ -387,13 +387,13 @@ void SdlDisplay::Capture(Handle id) {
     FollowCapture();
 }
 
-// SDL keeps its own until all buttons are up. It would not hear of a release outside, and would take the next
-// press for no change and leave it out.
+// SDL captures only while a button is down, and then until all are up. Without a button its capture would
+// bring a pointer that is elsewhere into a window of ours, which ends it again: a press in between comes
+// without its release, so that the next press is no change to SDL and is left out. Presses elsewhere are
+// looked for instead.
 void SdlDisplay::FollowCapture() const {
-    if (captured_)
-        SDL_CaptureMouse(SDL_TRUE);
-    else if (SDL_GetMouseState(nullptr, nullptr) == 0)
-        SDL_CaptureMouse(SDL_FALSE);
+    const bool pressed = SDL_GetMouseState(nullptr, nullptr) != 0;
+    if (captured_ || !pressed) SDL_CaptureMouse(captured_ && pressed ? SDL_TRUE : SDL_FALSE);
 }
 
 std::string SdlDisplay::ClipboardText() {
