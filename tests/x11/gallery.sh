@@ -26,7 +26,7 @@ some_row_is() {
 no_row_is() { ! some_row_is "$1"; }
 
 until_true 20 row_is 1 $selected || fail "the first row is $(row_color 1), not selected"
-row_is 4 $plain || fail "the fourth row is $(row_color 4)"
+until_true 20 row_is 4 $plain || fail "the fourth row is $(row_color 4)"
 
 at 240 $((82 + 1 + 10 + 21 * 3))
 xdotool click 1
@@ -39,7 +39,7 @@ xdotool mousedown 1
 for step in 10 20 40 80 120; do at $((152 + 714 - 10)) $((82 + 1 + 17 + 5 + step)); done
 until_true 20 no_row_is $selected || fail "after a drag of the thumb the selected row is still on the page"
 xdotool mouseup 1
-row_is 4 $plain || fail "after the drag the fourth row is $(row_color 4)"
+until_true 20 row_is 4 $plain || fail "after the drag the fourth row is $(row_color 4)"
 
 xdotool key --clearmodifiers z
 until_true 20 some_row_is $selected || fail "after a letter no selected row is on the page"

@@ -22,13 +22,19 @@ cell_is() { [ "$(pixel_at $(cell "$1" "$2"))" = "$3" ]; }
 look_below() { palette_top=$((field_bottom)); }
 is_open() { cell_is 24 1 FFFFFF && cell_is 24 10 000000; }
 is_closed() { ! is_open; }
-# Long after the press before, so that it is no double click.
-click_field() { sleep 0.7; at 100 18; xdotool click 1; }
-until_open() { until_true 20 is_open || { xwininfo -root -tree | grep "\"ex\|Colour" >&2; fail "$1: the palette does not show"; }; }
+# Never twice at the same point, so that two are no double click.
+clicks=0
+click_field() {
+    clicks=$((clicks + 1))
+    at $((100 + clicks % 2 * 40)) 18
+    xdotool click 1
+}
+until_open() { until_true 20 is_open || fail "$1: the palette does not show"; }
 until_closed() { until_true 20 is_closed || fail "$1: the palette still shows"; }
 
 until_true 20 field_is FF0000 || fail "the field is $(field_color)"
-[ "$(pixel_at 100 26)" != "$form" ] || fail "the field is not where it should be"
+field_is_below() { [ "$(pixel_at 100 26)" != "$form" ]; }
+until_true 20 field_is_below || fail "the field is not where it should be"
 field_bottom=28
 while [ "$(pixel_at 100 $field_bottom)" != "$form" ]; do field_bottom=$((field_bottom + 1)); done
 look_below
@@ -45,7 +51,7 @@ at $(cell 3 6)
 until_true 20 field_is E07000 || fail "under the pointer is $(field_color)"
 xdotool mouseup 1
 until_closed "released"
-field_is E07000 || fail "after the release the field is $(field_color)"
+until_true 20 field_is E07000 || fail "after the release the field is $(field_color)"
 
 # A press and release on the field leaves it open; the colour follows the pointer, and Esc puts the old one back.
 click_field
@@ -73,13 +79,15 @@ xdotool click 1
 until_closed "a press on the form"
 click_field
 until_open "clicked"
-xdotool mousemove 1270 890 click 1
+# Such a press is looked for from time to time: it lasts as long as a person's.
+xdotool mousemove 1270 890 mousedown 1
 until_closed "a press in no window"
+xdotool mouseup 1
 
 # At the edges of the screen it leaves the form: beyond its right edge, and upward.
 move_to() {
     xdotool windowmove --sync "$window" "$1" "$2"
-    sleep 1 # until the program has heard of it, also on a busy machine
+    settle
     look_at_window
 }
 move_to 1000 400

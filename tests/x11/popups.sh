@@ -22,11 +22,12 @@ number_top=200
 
 # Popups are the windows that the window manager leaves alone: those without a frame that can be seen.
 popup_id() {
-    local id
+    local id report width
     for id in $(xwininfo -root -children | sed -n 's/^ *\(0x[0-9a-f]*\) .*/\1/p'); do
-        if xwininfo -id "$id" | grep -q 'Override Redirect State: yes' &&
-            xwininfo -id "$id" | grep -q 'Map State: IsViewable' &&
-            [ "$(xwininfo -id "$id" | sed -n 's/^ *Width: *//p')" -gt 20 ]; then
+        report="$(xwininfo -id "$id" 2>/dev/null)" || continue # it has just gone
+        width="$(sed -n 's/^ *Width: *//p' <<<"$report")"
+        if [[ "$report" = *'Override Redirect State: yes'* && "$report" = *'Map State: IsViewable'* ]] &&
+            [ "${width:-0}" -gt 20 ]; then
             echo "$id"
             return 0
         fi
@@ -83,7 +84,7 @@ done
 xdotool mouseup 1
 closed "after the release"
 chosen="$color"
-swatch_is "$chosen" || fail "after the release the swatch is $(swatch_color), not $chosen"
+until_true 20 swatch_is "$chosen" || fail "after the release the swatch is $(swatch_color), not $chosen"
 [ "$chosen" != $first_color ] || fail "nothing was chosen"
 
 # Opened by a click, moved over, and Esc: the chosen colour is back.
@@ -107,6 +108,7 @@ for outside in form frame other; do
         other_window="$(xdotool search --onlyvisible --name '^tvok gallery$' | grep -v "^$window$" | head -n 1)"
         xdotool windowmove "$other_window" 700 300
         xdotool windowactivate --sync "$window"
+        settle
         front() { [ "$(pixel_at 560 $((HEIGHT - 5)))" = $face ]; }
         until_true 20 front || fail "the first window did not come to the front"
     fi
@@ -129,6 +131,7 @@ kill "$other"
 other_gone() { ! kill -0 "$other" 2>/dev/null; }
 until_true 20 other_gone || fail "the second gallery did not end"
 xdotool windowactivate --sync "$window"
+settle
 
 # Tab moves the focus on and closes.
 open_by_click $grid_button 146
@@ -146,6 +149,7 @@ rows_differ() { [ "$(rows)" != "$1" ]; }
 numbers_are_painted() { [ "$(on_screen $((PX + 200)) $((PY + 10)))" = FFFFFF ]; }
 until_true 20 numbers_are_painted || fail "the numbers are not painted"
 value="$(field)"
+value_stays() { [ "$(field)" = "$value" ]; }
 before="$(rows)"
 xdotool mousemove $((PX + PW - 8)) $((PY + PH - 8))
 xdotool click 1
@@ -164,14 +168,15 @@ for step in 10 20 30; do xdotool mousemove $((PX + PW - 8)) $((thumb + 4 + step)
 until_true 20 rows_differ "$before" || fail "a drag of the thumb did not scroll"
 xdotool mouseup 1
 is_open || fail "a drag of the thumb closed the popup"
-[ "$(field)" = "$value" ] || fail "the scroll bar changed the number"
+until_true 20 value_stays || fail "the scroll bar changed the number"
 xdotool key --clearmodifiers Escape
 closed "after scrolling"
-[ "$(field)" = "$value" ] || fail "after scrolling and Esc the number is another"
+until_true 20 value_stays || fail "after scrolling and Esc the number is another"
 
 # A letter in the list of a million: the first of that letter is shown, and Enter takes it.
 virtual_top=308
 virtual_field() { "$pixel" --area $((X + 154)) $((Y + virtual_top + 2)) 200 20; }
+virtual_is() { [ "$(virtual_field)" = "$1" ]; }
 virtual_changed() { [ "$(virtual_field)" != "$1" ]; }
 open_by_click $number_arrow $((virtual_top + 12))
 value="$(virtual_field)"
@@ -181,20 +186,23 @@ until_true 20 virtual_changed "$value" || fail "a letter did not jump"
 value="$(virtual_field)"
 xdotool key --clearmodifiers Return
 closed "after Enter"
-[ "$(virtual_field)" = "$value" ] || fail "Enter did not keep the entry"
+until_true 20 virtual_is "$value" || fail "Enter did not keep the entry"
 
 # At the edges of the screen, the window partly off it.
 window_at() { look_at_window; [ "$X" -eq "$1" ] && [ "$Y" -eq "$2" ]; }
 move_to() { # X Y of the window's own area
     look_at_window
     local tries
-    for tries in 1 2 3; do
-        if window_at "$1" "$2"; then return 0; fi
+    for tries in 1 2 3 4; do
+        if window_at "$1" "$2"; then
+            settle
+            return 0
+        fi
         xdotool windowmove --sync "$window" "$1" "$2"
-        until_true 2 window_at "$1" "$2" && return 0
+        until_true 2 window_at "$1" "$2" && continue
         # What the window manager adds for its frame is taken off again.
         xdotool windowmove --sync "$window" $(($1 + $1 - X)) $(($2 + $2 - Y))
-        until_true 2 window_at "$1" "$2" && return 0
+        until_true 2 window_at "$1" "$2" || true
     done
     fail "the window is at $X, $Y, not at $1, $2"
 }

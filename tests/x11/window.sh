@@ -14,8 +14,13 @@ cleanup() {
 }
 trap cleanup EXIT
 
+# With what was on the screen, for whoever was not there.
 fail() {
-    echo "$*"
+    echo "FAILED: $*"
+    if [ -n "${DISPLAY:-}" ]; then
+        xdotool getmouselocation 2>&1 || true
+        xwininfo -root -children 2>&1 | grep -v "^$\|1x1+" || true
+    fi
     cat "$folder/program.log" 2>/dev/null || true
     exit 1
 }
@@ -44,6 +49,16 @@ children+=($!)
 managed() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'; }
 until_true 20 managed || fail "the window manager did not start: $(cat "$folder/openbox.log")"
 
+# Waits until the window manager has done all it was asked for: it answers one thing after the other, and what it tells
+# a window of its place comes to it before any input that follows.
+desktops=1
+has_desktops() { [ "$(xdotool get_num_desktops 2>/dev/null)" = "$1" ]; }
+settle() {
+    desktops=$((desktops % 8 + 1))
+    xdotool set_num_desktops $desktops
+    until_true 20 has_desktops $desktops || fail "the window manager does not answer"
+}
+
 # Where the window's own area is on the screen: X, Y, WIDTH and HEIGHT.
 look_at_window() {
     local report
@@ -62,6 +77,7 @@ open_window() {
     program=$!
     children+=("$program")
     until_true 60 find_window || fail "no window came up"
+    settle
     look_at_window
     [ "$WIDTH x $HEIGHT" = "$size" ] || fail "the window is $WIDTH x $HEIGHT"
 }
@@ -74,7 +90,7 @@ at() { xdotool mousemove $((X + $1)) $((Y + $2)); }
 
 close_window() {
     xdotool key --clearmodifiers alt+F4
-    until_true 30 gone || fail "the window did not close"
+    until_true 60 gone || fail "the window did not close"
     local code=0
     wait "$program" || code=$?
     [ $code -eq 0 ] || fail "the program ended with exit code $code"
