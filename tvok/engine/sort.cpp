@@ -30,7 +30,9 @@ public:
             return textOfEntry(indexes[low + static_cast<std::int32_t>(place)]);
         };
         if (caseSensitive) {
-            for (std::size_t i = 0; i < keys_.size(); ++i) Set(i, textOf(i));
+            std::vector<std::string_view> texts(keys_.size());
+            for (std::size_t i = 0; i < keys_.size(); ++i) texts[i] = textOf(i);
+            Set(texts);
         } else {
             Fold(textOf);
         }
@@ -53,8 +55,21 @@ public:
     }
 
 private:
-    void Set(std::size_t place, std::string_view text) {
-        keys_[place] = {TextKey(text), static_cast<std::uint32_t>(place)};
+    /// What all texts begin with tells nothing. Without it the front of a key mostly decides.
+    static std::size_t SharedFront(const std::vector<std::string_view>& texts) {
+        std::string_view shared = texts.front();
+        for (const std::string_view text : texts) {
+            const auto end = std::ranges::mismatch(shared, text).in1;
+            shared = shared.substr(0, static_cast<std::size_t>(end - shared.begin()));
+            if (shared.empty()) break;
+        }
+        return shared.size();
+    }
+
+    void Set(const std::vector<std::string_view>& texts) {
+        const std::size_t shared = SharedFront(texts);
+        for (std::size_t i = 0; i < texts.size(); ++i)
+            keys_[i] = {TextKey(texts[i].substr(shared)), static_cast<std::uint32_t>(i)};
     }
 
     template<class TextOf>
@@ -68,8 +83,10 @@ private:
             starts[i + 1] = folded_.size();
         }
         const std::string_view all = folded_;
+        std::vector<std::string_view> texts(keys_.size());
         for (std::size_t i = 0; i < keys_.size(); ++i)
-            Set(i, all.substr(starts[i], starts[i + 1] - starts[i]));
+            texts[i] = all.substr(starts[i], starts[i + 1] - starts[i]);
+        Set(texts);
     }
 
     std::vector<Key> keys_;

@@ -1,66 +1,130 @@
 #include "tvok/controls/propertylist/RowPlan.h"
 
+#include <algorithm>
 #include <numeric>
-#include <string_view>
-#include <unordered_map>
+#include <utility>
 
 #include "tvok/engine/mtvok.h"
 
 namespace tvok::propertylist {
 
-void RowPlan::Make(ItemStore& store, std::int32_t count, bool sorted) {
+bool RowPlan::Make(ItemStore& store, std::int32_t count, bool sorted, bool grouped) {
     const std::uint64_t version = store.Version();
-    if (version == version_ && sorted == sorted_) return;
+    if (version == version_ && sorted == sorted_ && grouped == grouped_) return false;
     version_ = 0;
-    count_ = static_cast<std::size_t>(count);
-    order_.Make(count);
-    std::iota(order_.data(), order_.data() + count_ + 1, 0);
-    if (sorted) Sort(store);
-    MakeGroups(store);
     sorted_ = sorted;
-    version_ = version;
-}
-
-void RowPlan::Sort(const ItemStore& store) {
-    mtvok::SortIndexByText([&](std::int32_t slot) -> const std::string& { return store[slot].hItem.text; },
-                           order_, 1, static_cast<std::int32_t>(count_), true, true);
-}
-
-// Each child goes to the parent key that it names, in one pass over all; a plain look through all items for
-// each parent gives the same.
-void RowPlan::MakeGroups(const ItemStore& store) {
-    struct Members {
-        std::size_t first = 0;
-        std::size_t count = 0;
-    };
-    std::unordered_map<std::string_view, Members> members;
-    for (const std::int32_t slot : Order())
-        if (const elistdata& item = store[slot]; item.bParentItem && item.bVisible)
-            members.try_emplace(item.hItem.key);
-    std::vector<Members*> groupOf(count_);
-    for (std::size_t i = 0; i < count_; ++i) {
-        const elistdata& item = store[Order()[i]];
-        const auto found = item.bParentItem ? members.end() : members.find(item.pKey);
-        if (found == members.end()) continue;
-        groupOf[i] = &found->second;
-        ++found->second.count;
+    grouped_ = grouped;
+    count_ = count;
+    Sort(store, sorted ? count : 0);
+    childOf_.assign(At(count) + 1, cNone);
+    parentOf_.assign(At(count) + 1, cNone);
+    keys_.clear();
+    if (grouped) {
+        FindParents(store);
+        FindChildren(store);
+    } else {
+        FindFlat(store);
     }
+    CollectRows();
+    version_ = version;
+    return true;
+}
+
+/// Puts the slots 1 to `last` in order; those beyond it stay as they lie.
+void RowPlan::Sort(const ItemStore& store, std::int32_t last) {
+    order_.Make(count_);
+    std::iota(order_.data(), order_.data() + At(count_) + 1, 0);
+    mtvok::SortIndexByText([&](std::int32_t slot) -> const std::string& { return store[slot].hItem.text; },
+                           order_, 1, last, true, true);
+}
+
+void RowPlan::FindFlat(const ItemStore& store) {
+    keys_.emplace_back();
+    for (std::int32_t slot = 1; slot <= count_; ++slot) {
+        const elistdata& item = store[slot];
+        if (!item.bVisible || item.bParentItem) continue;
+        childOf_[At(slot)] = 0;
+        ++keys_[0].count;
+    }
+}
+
+void RowPlan::FindParents(const ItemStore& store) {
+    numbers_.clear();
+    for (std::int32_t slot = 1; slot <= count_; ++slot) {
+        const elistdata& item = store[slot];
+        if (!item.bVisible || !item.bParentItem) continue;
+        const auto number = static_cast<std::int32_t>(keys_.size());
+        const auto [entry, isNew] = numbers_.try_emplace(item.hItem.key, number);
+        if (isNew) keys_.emplace_back();
+        parentOf_[At(slot)] = entry->second;
+    }
+}
+
+// Each child is led to the key that it names, in one pass over the records as they lie in memory; a look
+// through all items for each parent gives the same.
+void RowPlan::FindChildren(const ItemStore& store) {
+    std::string_view lastName;
+    std::int32_t last = cNone; // neighbours often belong together
+    for (std::int32_t slot = 1; slot <= count_; ++slot) {
+        const elistdata& item = store[slot];
+        if (item.bParentItem) continue;
+        if (last == cNone || item.pKey != lastName) {
+            const auto found = numbers_.find(item.pKey);
+            last = found == numbers_.end() ? cNone : found->second;
+            lastName = item.pKey;
+        }
+        childOf_[At(slot)] = last;
+        if (last != cNone) ++keys_[At(last)].count;
+    }
+    numbers_.clear(); // it looks at texts of the store
+}
+
+void RowPlan::CollectRows() {
     std::size_t next = 0;
-    for (auto& [key, group] : members) {
-        group.first = next;
-        next += group.count;
-        group.count = 0;
+    for (Key& key : keys_) {
+        key.first = next;
+        next += std::exchange(key.count, 0);
     }
     children_.resize(next);
-    for (std::size_t i = 0; i < count_; ++i)
-        if (Members* group = groupOf[i]) children_[group->first + group->count++] = Order()[i];
-    groups_.clear();
-    for (const std::int32_t slot : Order()) {
-        const elistdata& item = store[slot];
-        if (!item.bParentItem || !item.bVisible) continue;
-        const Members& group = members.find(item.hItem.key)->second;
-        groups_.push_back({slot, std::span(children_).subspan(group.first, group.count)});
+    for (std::int32_t i = 1; i <= count_; ++i) {
+        const std::int32_t number = childOf_[At(order_[i])];
+        if (number == cNone) continue;
+        Key& key = keys_[At(number)];
+        children_[key.first + key.count++] = order_[i];
     }
+    groups_.clear();
+    const auto add = [&](std::int32_t parent, std::int32_t number) {
+        const Key& key = keys_[At(number)];
+        groups_.push_back({parent, number, std::span(children_).subspan(key.first, key.count)});
+    };
+    if (!grouped_) return add(0, 0);
+    for (std::int32_t i = 1; i <= count_; ++i)
+        if (const std::int32_t number = parentOf_[At(order_[i])]; number != cNone) add(order_[i], number);
+}
+
+void RowPlan::ForgetWidths() {
+    for (Key& key : keys_) key.widest = cUnknown;
+}
+
+std::int32_t RowPlan::Widest(const std::vector<bool>& isOpen,
+                             const std::function<std::int32_t(std::int32_t)>& measure) {
+    std::vector<bool> isWanted(keys_.size());
+    bool isAny = false;
+    for (std::size_t key = 0; key < keys_.size(); ++key) {
+        isWanted[key] = isOpen[key] && keys_[key].widest == cUnknown;
+        isAny |= isWanted[key];
+        if (isWanted[key]) keys_[key].widest = 0;
+    }
+    // In the order of memory and not of rows: many captions then cost no wait for it.
+    for (std::int32_t slot = 1; isAny && slot <= count_; ++slot) {
+        const std::int32_t key = childOf_[At(slot)];
+        if (key == cNone || !isWanted[At(key)]) continue;
+        keys_[At(key)].widest = std::max(keys_[At(key)].widest, measure(slot));
+    }
+    std::int32_t widest = 0;
+    for (std::size_t key = 0; key < keys_.size(); ++key)
+        if (isOpen[key]) widest = std::max(widest, keys_[key].widest);
+    return widest;
 }
 
 } // namespace tvok::propertylist

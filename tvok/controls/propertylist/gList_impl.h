@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,10 +35,11 @@ struct gList::Impl {
     ListState state;
     propertylist::ItemStore items;
     propertylist::RowPlan plan;
-    propertylist::CaptionWidths widths;
+    propertylist::CaptionWidths widths{items};
     propertylist::PopLists popLists;
-    IndexArray rowIndex{0};            ///< The slot of each row; beyond `Count` what was there before.
-    std::vector<std::int32_t> rowOf{}; ///< The first row of each slot, 0 for none, as `rowIndex` was made.
+    IndexArray rowIndex{0}; ///< The slot of each row; beyond `Count` what was there before.
+    /// The first row of each slot, 0 for none. Made when it is first asked for after the rows were made.
+    mutable std::vector<std::int32_t> rowOf{};
     CellTable cells;
     std::shared_ptr<host::MessageHook> MS0HOOK; ///< Run mode only.
     std::shared_ptr<cExdrawCallback> cbExDraw;
@@ -68,6 +70,7 @@ struct gList::Impl {
 
     // Items (gList_items.cpp).
     Resolved Resolve(std::int32_t index) const;
+    std::int32_t RowOf(std::int32_t slot) const;
     /// Minus the slot of the first item with this key, 0 for none.
     std::int32_t FindSlotByKey(std::string_view key) { return -items.NextWithKey(key); }
     std::int32_t SlotOf(std::string_view key, std::int32_t index);
@@ -86,7 +89,7 @@ struct gList::Impl {
     // Rows (gList_rows.cpp).
     void BuiltList();
     std::int32_t MakeRows(std::int32_t kept);
-    void AddRow(std::int32_t slot, std::int32_t& widest);
+    void AddRows(std::span<const std::int32_t> slots);
     void FitHeadWidth(std::int32_t widest);
     void CloseEditor();
 

@@ -10,12 +10,21 @@ gList::Impl::Resolved gList::Impl::Resolve(std::int32_t index) const {
     if (index < 0) {
         const std::int64_t slot = -std::int64_t{index};
         if (slot > items.UpperBound()) return {};
-        const auto place = static_cast<std::size_t>(slot);
-        const std::int32_t row = place < rowOf.size() ? rowOf[place] : 0;
-        return {static_cast<std::int32_t>(slot), row <= state.Count ? row : 0};
+        return {static_cast<std::int32_t>(slot), RowOf(static_cast<std::int32_t>(slot))};
     }
     if (index > items.UpperBound()) return {};
     return {rowIndex[index], index};
+}
+
+std::int32_t gList::Impl::RowOf(std::int32_t slot) const {
+    if (state.Count < 1) return 0;
+    if (rowOf.empty()) {
+        rowOf.assign(static_cast<std::size_t>(items.UpperBound()) + 1, 0);
+        for (std::int32_t row = state.Count; row >= 1; --row)
+            rowOf[static_cast<std::size_t>(rowIndex[row])] = row;
+    }
+    const auto place = static_cast<std::size_t>(slot);
+    return place < rowOf.size() ? rowOf[place] : 0; // an item that came after the rows has none
 }
 
 /// The slot that a key names or, with an empty one, an index. 0 also where the index leads nowhere.
