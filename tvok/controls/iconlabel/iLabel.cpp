@@ -1,6 +1,7 @@
 // Painting, life cycle and events of `iLabel`.
 #include "tvok/controls/iconlabel/iLabel.h"
 
+#include "tvok/engine/caption.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/records/numeric.h"
 
@@ -53,27 +54,12 @@ tvok_Rect iLabel::FocusArea(const tvok_Rect& client) const {
             ToInt32(client.bottom - margin)};
 }
 
-/// The band behind the caption; the caption's colour on it.
-std::int32_t iLabel::PaintFocus(const tvok_Rect& area) {
-    host::Platform& platform = host::platform();
-    const host::Handle hDC = Base().hDC();
-    dgi::FillRectColor(hDC, area, cHighlight);
-    platform.SetTextColor(hDC, platform.GetSysColor(host::COLOR_WINDOWTEXT));
-    platform.SetBkColor(hDC, platform.GetSysColor(host::COLOR_HIGHLIGHTTEXT));
-    platform.DrawFocusRect(hDC, area);
-    return platform.GetSysColor(host::COLOR_HIGHLIGHTTEXT);
-}
-
-void iLabel::PaintCaption(tvok_Rect area) {
+void iLabel::PaintCaption(const tvok_Rect& area) {
     const bool focused = dgi::IsFocusWindow(Base().hWnd()) && !hideFocus_;
-    const std::int32_t color = focused ? PaintFocus(area) : foreColor_; // as it stands, untranslated
-    host::platform().SetTextColor(Base().hDC(), color);
-    area.Left = ToInt32(std::int64_t{area.Left} + 1);
-    area.Right = ToInt32(std::int64_t{area.Right} - 1);
+    // The label's own colour as it stands, untranslated.
+    const std::int32_t color = focused ? mtvok::DrawFocusBand(Base().hDC(), area) : foreColor_;
     const std::int32_t lines = multiLine_ ? host::DT_WORDBREAK : host::DT_VCENTER | host::DT_SINGLELINE;
-    host::platform().DrawTextA(Base().hDC(), caption_.data(),
-                               ToInt32(static_cast<std::int64_t>(caption_.size())), area,
-                               lines | (noPrefix_ ? host::DT_NOPREFIX : 0));
+    mtvok::DrawCaption(Base().hDC(), area, caption_, color, lines | (noPrefix_ ? host::DT_NOPREFIX : 0));
 }
 
 // Life cycle.

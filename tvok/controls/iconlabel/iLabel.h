@@ -112,8 +112,7 @@ private:
     void PaintBackground(const tvok_Rect& client);
     void PaintIcon(const tvok_Rect& client);
     tvok_Rect FocusArea(const tvok_Rect& client) const;
-    std::int32_t PaintFocus(const tvok_Rect& area);
-    void PaintCaption(tvok_Rect area);
+    void PaintCaption(const tvok_Rect& area);
 
     host::Component* component_ = nullptr;
     std::int32_t gridlineWidth_ = 0;
