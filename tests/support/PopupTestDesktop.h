@@ -10,19 +10,16 @@
 #include <vector>
 
 #include "tests/host/desktop/windows/Recorder.h"
-#include "tests/support/TestDesktop.h"
+#include "tests/support/FloatingTestDesktop.h"
 
 namespace tvok::test {
 
 /// `popup.Popup` opens below the owner's place on the screen, left aligned, unless a test says otherwise.
-class PopupDesktop {
+/// Its story tells "Change 2 bee", "Click 2 bee", "Click 2 bee canceled", "EnumDATA 3".
+class PopupDesktop : public FloatingDesktop {
 public:
     explicit PopupDesktop(const std::vector<std::string>& texts = {});
 
-    /// "Change 2 bee", "Click 2 bee", "Click 2 bee canceled", "EnumDATA 3". What is raised after the control
-    /// has ended still needs it.
-    std::vector<std::string> story;
-    TestDesktop desktop;
     Recorder& owner;
     xPopup* popup;
     /// Where the popup hangs from: 100 wide, its bottom at 300.
@@ -33,26 +30,11 @@ public:
     void Add(const std::vector<std::string>& texts);
     /// Opens with left edges aligned, and forgets the story.
     void Open();
-    std::vector<std::string> TakeStory() { return std::exchange(story, {}); }
     std::vector<std::string> Texts() const; ///< Of items 1 to `Count`.
     qrosterdata Data(std::int32_t index) const;
     std::vector<std::int32_t> Selected() const; ///< Items with the selection bit.
 
-    // The floating window; handle 0 while there is none on the screen.
-    host::Handle Floating() const;
-    bool IsOpen() const { return Floating() != 0; }
-    tvok_Rect WindowRect() const;
-    tvok_Rect ClientRect() const;
-    std::uint32_t PixelAt(std::int32_t x, std::int32_t y) const; ///< Of its client area, 0x00RRGGBB.
-    std::vector<std::uint32_t> Pixels() const;
-
-    // A user's hands, in pixels of the floating window's client area.
-    void MoveTo(std::int32_t x, std::int32_t y);
-    void MoveToScreen(std::int32_t x, std::int32_t y);
-    void Down(); ///< Where the pointer is, long after the press before.
-    void Up() { desktop.Release(); }
-    void Press(std::int32_t x, std::int32_t y);
-    void Click(std::int32_t x, std::int32_t y);
+    // A user's hands.
     /// In the middle of the row on the page, 1 for the first; rows of 18 with lines of 1.
     void PressRow(std::int32_t row) { Press(30, RowMiddle(row)); }
     void MoveToRow(std::int32_t row) { MoveTo(30, RowMiddle(row)); }
