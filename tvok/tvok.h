@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tvok/controls/buttonstrip/xbutton.h"
+#include "tvok/controls/colorselector/ucColorSelector.h"
 #include "tvok/controls/columnbar/pcols.h"
 #include "tvok/controls/flatlist/qRoster.h"
 #include "tvok/controls/iconlabel/iLabel.h"

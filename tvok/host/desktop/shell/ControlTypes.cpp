@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tvok/controls/buttonstrip/xbutton.h"
+#include "tvok/controls/colorselector/ucColorSelector.h"
 #include "tvok/controls/columnbar/pcols.h"
 #include "tvok/controls/flatlist/qRoster.h"
 #include "tvok/controls/iconlabel/iLabel.h"
@@ -28,9 +29,15 @@ ControlType TypeOf() {
 
 std::map<std::string, ControlType>& Types() {
     static std::map<std::string, ControlType> types{
-        {"TextBox", TypeOf<TextBox>()}, {"gList", TypeOf<gList>()},     {"iLabel", TypeOf<iLabel>()},
-        {"pcols", TypeOf<pcols>()},     {"qRoster", TypeOf<qRoster>()}, {"qRosterex", TypeOf<qRosterex>()},
-        {"xPopup", TypeOf<xPopup>()},   {"xbutton", TypeOf<xbutton>()},
+        {"TextBox", TypeOf<TextBox>()},
+        {"gList", TypeOf<gList>()},
+        {"iLabel", TypeOf<iLabel>()},
+        {"pcols", TypeOf<pcols>()},
+        {"qRoster", TypeOf<qRoster>()},
+        {"qRosterex", TypeOf<qRosterex>()},
+        {"ucColorSelector", TypeOf<ucColorSelector>()},
+        {"xPopup", TypeOf<xPopup>()},
+        {"xbutton", TypeOf<xbutton>()},
     };
     return types;
 }
