@@ -1,6 +1,7 @@
 #include "apps/gallery/Page.h"
 
 #include "apps/gallery/ButtonsPage.h"
+#include "apps/gallery/ColorsPage.h"
 #include "apps/gallery/ColumnsPage.h"
 #include "apps/gallery/FeedPage.h"
 #include "apps/gallery/LabelsPage.h"
@@ -29,6 +30,8 @@ const std::vector<PageEntry>& Pages() {
         {"buttons", "Buttons", Icon::EmptyBox, "strips of small buttons, one with a text to edit",
          Make<ButtonsPage>},
         {"popups", "Popups", Icon::Picture, "lists and palettes that drop out of the form", Make<PopupsPage>},
+        {"colors", "Colors", Icon::Cylinder, "selectors for the colours of a list that follows",
+         Make<ColorsPage>},
     };
     return pages;
 }
