@@ -260,6 +260,66 @@ TEST(gListEditors, WhatAHandlerWritesIntoThePositionIsIgnored) {
     EXPECT_EQ(at.TakeLog(), first);
 }
 
+// Handlers that move the current row on.
+
+TEST(gListEditors, ARowThatIsMovedOnWhileItIsPaintedTellsOfBoth) {
+    EditedRows at;
+    at.list->ListIndex(1);
+    at.Forget();
+    at.list->events.ExEditorShow = [&](const std::string& key) {
+        at.log.push_back("ExEditorShow(" + key + ")");
+        if (key == "b") at.list->ListIndex(3);
+    };
+    at.list->ListIndex(2);
+    EXPECT_THAT(at.TakeLog({"ExEditorShow", "Change"}),
+                ElementsAre("ExEditorShow(b)", "ExEditorShow(c)", "Change(3, c)", "Change(2, b)"));
+    EXPECT_EQ(at.list->ListIndex(), 3);
+    EXPECT_THAT(at.Selected(), ElementsAre(3));
+}
+
+// What was current before is compared with what is current after the painting.
+TEST(gListEditors, ARowThatIsMovedBackWhileItIsPaintedTellsOfTheWayBackOnly) {
+    EditedRows at;
+    at.list->ListIndex(1);
+    at.Forget();
+    at.list->events.ExEditorShow = [&](const std::string& key) {
+        at.log.push_back("ExEditorShow(" + key + ")");
+        if (key == "b") at.list->ListIndex(1);
+    };
+    at.list->ListIndex(2);
+    EXPECT_THAT(at.TakeLog({"ExEditorShow", "Change"}),
+                ElementsAre("ExEditorShow(b)", "ExEditorShow(a)", "Change(1, a)"));
+    EXPECT_EQ(at.list->ListIndex(), 1);
+}
+
+TEST(gListEditors, AClickHandlerThatMovesTheCurrentRowMovesTheActivationAlong) {
+    EditedRows at;
+    at.list->events.Click = [&](std::int32_t row, elistdata&) {
+        at.log.push_back("Click(" + std::to_string(row) + ")");
+        at.list->ListIndex(3);
+    };
+    at.ClickRow(2);
+    EXPECT_THAT(at.TakeLog(), ElementsAre("Change(2, b)", "ExEditorHide()", "Click(2)", at.Position("c", 3),
+                                          "ExEditorShow(c)", "Change(3, c)", "ExEditorHide()",
+                                          "ExEditorIni(c)", at.Position("c", 3), "ExEditorShow(c)"));
+    at.PressRow(1);
+    EXPECT_THAT(at.TakeLog({"ExEditorDataRestore"}), ElementsAre("ExEditorDataRestore(c)"));
+    at.desktop.Release();
+}
+
+TEST(gListEditors, AChangeHandlerThatMovesTheCurrentRowOnAtAKeyActivatesWhereItEnds) {
+    EditedRows at;
+    at.list->ListIndex(1);
+    at.Forget();
+    at.list->events.Change = [&](std::int32_t row, elistdata&) {
+        at.log.push_back("Change(" + std::to_string(row) + ")");
+        if (row == 2) at.list->ListIndex(3);
+    };
+    at.desktop.Key(VK_DOWN);
+    EXPECT_THAT(at.TakeLog({"Change", "Click", "ExEditorIni"}),
+                ElementsAre("Change(2)", "Change(3)", "Click(3, c)", "ExEditorIni(c)"));
+}
+
 // The flag.
 
 TEST(gListEditors, TheFlagIsThatOfTheValueNotOfTheCaption) {

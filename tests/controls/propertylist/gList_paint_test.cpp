@@ -301,6 +301,19 @@ TEST(gListPaint, ALineBetweenTwoRowsPaintsBoth) {
                 ElementsAre("b", "b=", "c", "c="));
 }
 
+// The test for an empty rectangle asks for another value than true is, so it never stops the painting.
+TEST(gListPaint, APaintMessageWithNothingToPaintStillPaintsTheFillers) {
+    PropertyListDesktop at;
+    at.Show(Letters(20));
+    const RowCalls rows(at);
+    EXPECT_EQ(DrawnBy(at,
+                      [&] {
+                          host::platform().PostMessageA(at.desktop.WindowOf(*at.list), host::WM_PAINT, 0, 0);
+                          at.desktop.Pump();
+                      }),
+              Fillers(rows, 11));
+}
+
 TEST(gListPaint, TheHostsPaintEventDrawsNothingInRunMode) {
     PropertyListDesktop at;
     at.Show(Letters(3));
@@ -494,6 +507,13 @@ TEST(gListPaint, AtDesignTimeItShowsAFrameWithItsName) {
     EXPECT_THAT(calls, Contains("SetTextColor #000000"));
     EXPECT_THAT(Drawing(at.desktop.Trace([&] { at.list->Paint(); })),
                 ElementsAre("Rectangle (0,0)-(300,200)", "DrawTextA (1,1)-(299,199) flags=32 \"list1\""));
+    EXPECT_THAT(Drawing(at.desktop.Trace([&] {
+                    host::platform().InvalidateRect(at.desktop.WindowOf(*at.list), nullptr, false);
+                    at.desktop.Pump();
+                })),
+                Contains(HasSubstr("\"list1\"")));
+    at.desktop.Click(*at.list, 60, 9);
+    EXPECT_EQ(at.list->ListIndex(), 0);
 }
 
 } // namespace

@@ -29,11 +29,24 @@ struct Pictured : PropertyListDesktop {
     void Expect(const std::string& name) { ExpectPicture("propertylist/" + name, desktop, *list); }
 };
 
-TEST(gListPictures, GroupsWithAFoldedOneAndTheStripOfTheCurrentRow) {
+void ExpectGrouped(const Theme& theme) {
     Pictured at({.ListMode = 1, .place = {0, 0, 260, 176}});
+    at.desktop.desktop().SetTheme(theme);
     at.Show(Properties());
     at.list->ListIndex(4);
-    at.Expect("grouped");
+    at.Expect("grouped-" + theme.name);
+}
+
+TEST(gListPictures, GroupsWithAFoldedOneAndTheStripOfTheCurrentRowInTheClassicTheme) {
+    ExpectGrouped(Theme::Classic());
+}
+
+TEST(gListPictures, GroupsWithAFoldedOneAndTheStripOfTheCurrentRowInTheDarkTheme) {
+    ExpectGrouped(Theme::Dark());
+}
+
+TEST(gListPictures, GroupsWithAFoldedOneAndTheStripOfTheCurrentRowInHighContrast) {
+    ExpectGrouped(Theme::HighContrast());
 }
 
 TEST(gListPictures, AFlatListWithLinesOnItsBorder) {

@@ -201,6 +201,52 @@ TEST(gListScrolling, OtherOffPageRowsHideNothing) {
     EXPECT_NE(at.Strip(), (tvok_Rect{}));
 }
 
+// Sequences of events in which a scroll takes part.
+
+/// The log without the places of editors, and each run of equal lines as one: a row that scrolls in is
+/// painted by the way.
+std::vector<std::string> Story(LongList& at) {
+    std::vector<std::string> log = at.TakeLog();
+    std::erase_if(log, [](const std::string& line) { return line.starts_with("ExEditorSetPosition"); });
+    log.erase(std::unique(log.begin(), log.end()), log.end());
+    return log;
+}
+
+TEST(gListScrolling, AReleaseThatScrollsShowsTheEditorBeforeTheClickAndItsLoading) {
+    LongList at;
+    at.ClickRow(1);
+    at.Forget();
+    at.desktop.Press(*at.list, 60, 195);
+    EXPECT_THAT(Story(at), ElementsAre("Change(11, k)", "ExEditorDataRestore(a)", "ExEditorHide(a)"));
+    at.desktop.Release();
+    EXPECT_THAT(Story(at), ElementsAre("ExEditorShow(k)", "Click(11, k)", "ExEditorHide()", "ExEditorIni(k)",
+                                       "ExEditorShow(k)"));
+}
+
+TEST(gListScrolling, AKeyThatScrollsHidesNothingOfTheRowThatLeavesThePageBeforeItIsReadBack) {
+    LongList at;
+    at.ClickRow(1);
+    at.Forget();
+    at.desktop.Key(VK_NEXT);
+    EXPECT_EQ(at.hook->ScrollValue(), 1);
+    EXPECT_THAT(Story(at),
+                ElementsAre("ExEditorShow(k)", "Change(11, k)", "Click(11, k)", "ExEditorDataRestore(a)",
+                            "ExEditorHide(a)", "ExEditorIni(k)", "ExEditorShow(k)"));
+}
+
+TEST(gListScrolling, ADragThatScrollsPlacesNothingOnItsWay) {
+    LongList at;
+    at.PressRow(10);
+    at.Forget();
+    at.desktop.MoveTo(*at.list, 60, 205);
+    at.desktop.MoveTo(*at.list, 61, 205);
+    EXPECT_EQ(at.hook->ScrollValue(), 1);
+    EXPECT_THAT(Story(at), ElementsAre("Change(11, k)", "Change(12, l)"));
+    EXPECT_EQ(at.Strip(), (tvok_Rect{}));
+    at.desktop.Release();
+    EXPECT_NE(at.Strip(), (tvok_Rect{}));
+}
+
 struct LookCase {
     std::int32_t mode, lines;
     bool onBorder;
