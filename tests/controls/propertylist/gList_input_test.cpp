@@ -213,6 +213,16 @@ TEST(gListInput, MovesWithTheButtonDownThatBeganElsewhereDoNothing) {
     EXPECT_EQ(at.list->ListIndex(), 1);
 }
 
+TEST(gListInput, AnyReleaseEndsADrag) {
+    FocusedList at(5);
+    at.PressRow(1);
+    at.Send(WM_LBUTTONUP, 60, 9);
+    at.Forget();
+    at.Send(WM_MOUSEMOVE, 60, at.RowMiddle(3), MK_LBUTTON);
+    EXPECT_EQ(at.list->ListIndex(), 1);
+    EXPECT_THAT(at.TakeLog(), IsEmpty());
+}
+
 TEST(gListInput, ADragThatFindsTheListClearedDoesNothing) {
     FocusedList at(5);
     at.PressRow(2);

@@ -1,6 +1,7 @@
 // How a property list paints its rows: captions, values, group rows with their fold boxes, blank rows, and
 // which rows are painted when.
 #include "tests/support/PropertyListPaint.h"
+#include "tvok/host/MemoryBag.h"
 
 namespace tvok::test {
 namespace {
@@ -446,6 +447,23 @@ TEST(gListPaint, RefreshMakesTheScrollRangeTheCellsAndThePage) {
     at.services.TakeLog();
     at.list->Refresh();
     EXPECT_THAT(at.TakeHookLog(), ElementsAre("ScrollLarge 10", "ScrollMax 0", "ScrollValue 0"));
+}
+
+TEST(gListPaint, AListThatWasSavedWithoutRowsIsNotRefreshedBeforeItIsFitted) {
+    const auto pages = [](std::int32_t yn) {
+        PropertyListDesktop at;
+        host::MemoryBag bag;
+        bag.WriteProperty("yn", yn, 5);
+        at.desktop.form().Adopt("loaded", {0, 300, 100, 100}, std::make_unique<gList>(), &bag);
+        std::vector<std::string> calls;
+        for (const std::string& line : at.services.TakeLog())
+            if (const auto name = line.find("ScrollLarge "); name != std::string::npos)
+                calls.push_back(line.substr(name));
+        return calls;
+    };
+    EXPECT_EQ(pages(7).front(), "ScrollLarge 7") << "what was saved counts until the fit";
+    EXPECT_NE(pages(0).front(), "ScrollLarge 0");
+    EXPECT_EQ(pages(0).size() + 1, pages(7).size());
 }
 
 // The host's share.

@@ -475,6 +475,47 @@ TEST(gListPopups, AnEntryWithoutTheEditorFlagSwitchesTheEditorOffWhileItShows) {
     EXPECT_EQ(at.TakeLog().back(), "ExEditorShow(a)");
 }
 
+TEST(gListPopups, AListTextWithoutEntriesOpensNothing) {
+    TypedRow at("v|x|2;li 7", 1, 0, {{7, "no entries"}});
+    at.PressButton(1);
+    EXPECT_EQ(at.TakeLog().size(), 3u);
+    EXPECT_FALSE(at.IsOpen());
+}
+
+// Endings.
+
+TEST(gListPopups, EnterBeforeAnythingWasChosenCancels) {
+    TypedRow at("v|1-5|2;ns", "as text");
+    at.ClickButton(1);
+    at.Forget();
+    at.desktop.Key(VK_RETURN);
+    EXPECT_FALSE(at.IsOpen());
+    EXPECT_THAT(at.TakeLog(), ElementsAre("EnumItems(a, 0)"));
+    EXPECT_EQ(at.Now(), Variant("as text"));
+}
+
+TEST(gListPopups, TheLossOfTheFocusCancels) {
+    TypedRow at("v|1-5|2;ns", 5);
+    at.ClickButton(1);
+    at.MoveToEntry(2, 5);
+    EXPECT_EQ(at.Now(), Variant(2));
+    at.desktop.FocusAway();
+    EXPECT_FALSE(at.IsOpen());
+    EXPECT_EQ(at.Now(), Variant(5));
+}
+
+TEST(gListPopups, EachOpeningNotesTheValueOfThatMoment) {
+    TypedRow at("v|1-5|2;ns", 5);
+    at.ClickButton(1);
+    at.MoveToEntry(3, 5);
+    at.ClickHere();
+    at.ClickButton(1);
+    at.MoveToEntry(1, 5);
+    EXPECT_EQ(at.Now(), Variant(1));
+    at.desktop.Key(VK_ESCAPE);
+    EXPECT_EQ(at.Now(), Variant(3));
+}
+
 // What a popup finds changed while it is open.
 
 TEST(gListPopups, TheChoiceGoesToTheRowThatIsCurrentThenAndTheHostHearsOfTheItemThatOpenedIt) {
