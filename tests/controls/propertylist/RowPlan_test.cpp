@@ -162,13 +162,13 @@ TEST_F(PropertyRows, EachDistinctCaptionIsMeasuredOnceInEachFont) {
     const std::int32_t a = AddCaption("same");
     const std::int32_t b = AddCaption("same");
     const std::int32_t c = AddCaption("another");
-    EXPECT_TRUE(widths.Use({.Name = "Sans"}));
-    EXPECT_FALSE(widths.Use({.Name = "Sans"}));
+    EXPECT_TRUE(widths.Use({.Name = "Sans"}, 15));
+    EXPECT_FALSE(widths.Use({.Name = "Sans"}, 15));
     for (const auto slot : {a, b, c, b, a}) EXPECT_EQ(measured.Of(slot), slot == c ? 70 : 40);
     EXPECT_THAT(measured.texts, ElementsAre("same", "another"));
-    EXPECT_TRUE(widths.Use({.Name = "Serif"}));
+    EXPECT_TRUE(widths.Use({.Name = "Serif"}, 15));
     measured.Of(a);
-    EXPECT_TRUE(widths.Use({.Name = "Sans"}));
+    EXPECT_TRUE(widths.Use({.Name = "Sans"}, 15));
     measured.Of(b);
     EXPECT_THAT(measured.texts, ElementsAre("same", "another", "same"));
 }
@@ -176,7 +176,7 @@ TEST_F(PropertyRows, EachDistinctCaptionIsMeasuredOnceInEachFont) {
 TEST_F(PropertyRows, AChangedCaptionIsMeasuredAnewAndAMovedOneIsNot) {
     CaptionWidths widths(store);
     Measured measured(widths);
-    widths.Use({});
+    widths.Use({}, 15);
     const std::int32_t a = AddCaption("one");
     const std::int32_t b = AddCaption("three");
     measured.Of(a);
@@ -194,7 +194,7 @@ TEST_F(PropertyRows, AChangedCaptionIsMeasuredAnewAndAMovedOneIsNot) {
 TEST_F(PropertyRows, WidthsStayRightWhileCaptionsComeAndGo) {
     CaptionWidths widths(store);
     Measured measured(widths);
-    widths.Use({});
+    widths.Use({}, 15);
     std::mt19937 random(3);
     for (int i = 0; i < 40; ++i) AddCaption("start");
     for (int step = 0; step < 20000 && !HasFailure(); ++step) {

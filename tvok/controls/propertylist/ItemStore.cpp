@@ -139,12 +139,13 @@ std::int32_t ItemStore::FirstFree() {
 void ItemStore::Put(std::int32_t slot, const elistdata& record) {
     LookAtLoans();
     elistdata& stored = At(slot);
+    std::uint64_t& caption = places_[Index(slot)].caption;
+    if (caption == 0 || stored.hItem.text != record.hItem.text) caption = ++lastCaption_;
     stored = record;
     stored.bDelete = false;
-    places_[Index(slot)].caption = ++lastCaption_;
-    SetKey(slot);
-    SetFree(slot, false);
     ++version_;
+    SetFree(slot, false);
+    SetKey(slot);
     NoteLoans();
 }
 
@@ -219,7 +220,7 @@ ItemStore::Loan::Loan(ItemStore& owner, std::int32_t slot)
 }
 
 ItemStore::Loan::~Loan() {
-    owner_.LookAt(*this);
+    quietly([this] { owner_.LookAt(*this); });
     std::erase(owner_.loans_, this);
 }
 

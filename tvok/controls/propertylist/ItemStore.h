@@ -1,4 +1,4 @@
-/// The items of a `gList`: records in slots that never move, found by key, by group and by being free at a
+/// The items of a `gList`: records in places that never move, found by key, by group and by being free at a
 /// cost that does not follow their number.
 ///
 /// Handlers get stored records by reference and may change all of them. A lent record is looked at anew
@@ -53,7 +53,7 @@ public:
     /// Changes with every change of what rows are made from: caption, key, parent's key, kind, visibility,
     /// use.
     std::uint64_t Version();
-    /// Changes with the caption of a slot, and goes with its record. Never 0.
+    /// Changes with the caption of a slot, and goes with its record. 0 before the slot's first record.
     std::uint64_t CaptionStamp(std::int32_t slot) const { return places_[Index(slot)].caption; }
 
     /// A record in a handler's hands.

@@ -7,7 +7,7 @@
 namespace tvok::propertylist {
 
 void PopLists::Reset() {
-    entries_.assign(1, PopEntry{});
+    entries_.clear();
     first_.clear();
     lists_.clear();
 }
@@ -18,13 +18,13 @@ bool PopLists::Has(std::int32_t list) const {
 
 const qrosterdata* PopLists::Find(std::int32_t list, std::int32_t itemData) const {
     const auto found = first_.find(Key(list, itemData));
-    return found == first_.end() ? nullptr : &entries_[found->second].item;
+    return found == first_.end() ? nullptr : &entries_[found->second];
 }
 
 void PopLists::Append(std::int32_t list, const qrosterdata& item) {
     first_.try_emplace(Key(list, item.ItemData), entries_.size());
     lists_.insert(list);
-    entries_.push_back({list, item});
+    entries_.push_back(item);
 }
 
 void PopLists::Load(std::int32_t list, std::string_view text) {

@@ -11,19 +11,12 @@
 
 namespace tvok::propertylist {
 
-/// One entry of a list.
-struct PopEntry {
-    std::int32_t PopID = 0; ///< Number of the list.
-    qrosterdata item{};
-};
-
-/// Entries of all lists in the order of loading, from 1. Kept as they were loaded until `Reset`.
+/// Entries of all lists in the order of loading. Kept as they were loaded until `Reset`.
 class PopLists {
 public:
     void Reset();
 
     bool Has(std::int32_t list) const; ///< Whether the list has an entry.
-    std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()) - 1; }
 
     /// The first entry of the list with this `ItemData`, or null. Good until the next `Load`.
     const qrosterdata* Find(std::int32_t list, std::int32_t itemData) const;
@@ -38,7 +31,7 @@ private:
     }
     void Append(std::int32_t list, const qrosterdata& item);
 
-    std::vector<PopEntry> entries_{PopEntry{}}; ///< Entry 0 is unused.
+    std::vector<qrosterdata> entries_;
     std::unordered_map<std::uint64_t, std::size_t> first_;
     std::unordered_set<std::int32_t> lists_;
 };

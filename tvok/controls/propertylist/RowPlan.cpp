@@ -113,14 +113,17 @@ std::int32_t RowPlan::Widest(const std::vector<bool>& isOpen,
     for (std::size_t key = 0; key < keys_.size(); ++key) {
         isWanted[key] = isOpen[key] && keys_[key].widest == cUnknown;
         isAny |= isWanted[key];
-        if (isWanted[key]) keys_[key].widest = 0;
     }
+    std::vector<std::int32_t> found(isAny ? keys_.size() : 0);
     // In the order of memory and not of rows: many captions then cost no wait for it.
     for (std::int32_t slot = 1; isAny && slot <= count_; ++slot) {
         const std::int32_t key = childOf_[At(slot)];
         if (key == cNone || !isWanted[At(key)]) continue;
-        keys_[At(key)].widest = std::max(keys_[At(key)].widest, measure(slot));
+        found[At(key)] = std::max(found[At(key)], measure(slot));
     }
+    // All at once: a measure that throws leaves nothing half known.
+    for (std::size_t key = 0; key < found.size(); ++key)
+        if (isWanted[key]) keys_[key].widest = found[key];
     std::int32_t widest = 0;
     for (std::size_t key = 0; key < keys_.size(); ++key)
         if (isOpen[key]) widest = std::max(widest, keys_[key].widest);

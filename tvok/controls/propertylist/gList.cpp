@@ -39,8 +39,12 @@ bool gList::Impl::UserMode() const {
 }
 
 std::shared_ptr<host::MessageHook> gList::Impl::Hook() const {
-    if (!MS0HOOK) throw ObjectError("gList: no message hook at design time");
+    if (!MS0HOOK) ThrowNoHook();
     return MS0HOOK;
+}
+
+void gList::Impl::ThrowNoHook() {
+    throw ObjectError("gList: no message hook at design time, before the start and after the end");
 }
 
 std::int32_t gList::Impl::TextHeight() const {
@@ -48,11 +52,11 @@ std::int32_t gList::Impl::TextHeight() const {
 }
 
 void gList::Impl::RefreshInRunMode() {
-    if (UserMode()) Refresh();
+    if (IsAlive() && UserMode()) Refresh();
 }
 
 void gList::Impl::PaintInRunMode() {
-    if (UserMode()) PaintAll();
+    if (IsAlive() && UserMode()) PaintAll();
 }
 
 // The quotient loses its fraction toward 0 before it is cut to a byte, also for a negative value.
@@ -91,8 +95,12 @@ void gList::Impl::Start(host::Component& base) {
     rowIndex.Make(0);
     rowOf.clear();
     cells.Make(cFirstColumnBound, cFirstRowBound);
-    state.Count = 0;
-    state.ListIndex = 0;
+    state = ListState{}; // nothing is left of a life before
+    headWidth = cHeadWidth;
+    listMode = 0;
+    sorted = true;
+    pressedRow = downRow = editorRow = 0;
+    buttonIsDown = false;
     state.hWnd = base.hWnd();
     state.hDC = base.hDC();
     state.FontObj = base.Font();
@@ -106,7 +114,7 @@ void gList::Impl::Start(host::Component& base) {
     ConnectChildren();
     strip = &base.AddChild(xbutton1, "xbutton1", cStripPlace, nullptr);
     strip->Visible(false);
-    base.AddChild(xPopup1, "xPopup1", {}, nullptr);
+    base.AddChild(xPopup1, "xPopup1", {}, nullptr).Visible(false); // no placeholder, also in a designer
     xPopup1.HotTrack(true);
 }
 
@@ -190,19 +198,18 @@ void gList::Terminate() {
     impl_->End();
 }
 
+// From the first line on the control has ended: what its children and the focus still tell does nothing.
 void gList::Impl::End() {
+    host::Component& base = Base();
+    component = nullptr;
+    strip = nullptr;
     const auto hook = MS0HOOK;
     quietly(
         [&] {
             if (hook) hook->HookDetach();
         },
         [&] { MS0HOOK.reset(); }, [&] { cbExDraw.reset(); }, [&] { state.FontObj.reset(); },
-        [&] {
-            strip = nullptr;
-            Base().RemoveChild(xbutton1);
-        },
-        [&] { Base().RemoveChild(xPopup1); });
-    component = nullptr; // it may go before this object does
+        [&] { base.RemoveChild(xbutton1); }, [&] { base.RemoveChild(xPopup1); });
 }
 
 } // namespace tvok

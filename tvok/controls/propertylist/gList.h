@@ -54,7 +54,7 @@ public:
         Event<const std::string&> ExEditorHide; ///< The item key, empty where no editor was open.
         Event<const std::string&> ExEditorShow;
         /// Give the text of this popup list, in the form that `xPopup::ItemsStr` takes; every line needs its
-        /// end. Asked once for what cells show, and anew each time the popup opens.
+        /// end. Asked for what cells show until it gave an entry, and anew each time the popup opens.
         Event<std::int32_t, std::string&> EnumPopStr;
     };
     Events events;
@@ -68,7 +68,8 @@ public:
     /// the same key; otherwise it takes the first free slot or a new one. Rows change with the next
     /// `BuiltList`. Errors end the step in which they happen.
     std::int32_t AddItem(const elistdata& NewValue, std::int32_t Index = 0);
-    /// Frees the slot and rebuilds the rows. `SubscriptError` beyond the rows, and nothing changes.
+    /// Frees the slot and rebuilds the rows. An index beyond `Count` may still mean an item that had this
+    /// row, or is the `SubscriptError`; then nothing changes.
     void RemoveItem(std::int32_t Index);
     /// Copies an item out, by its key or, with an empty one, by its index. Minus its slot; 0 when there is
     /// none, and the record is left alone.

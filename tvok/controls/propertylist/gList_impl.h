@@ -29,6 +29,16 @@ struct gList::Impl {
         std::int32_t row = 0;
     };
 
+    /// While it lives, strip and editor are being hidden: the focus that falls to the list then repaints its
+    /// row without bringing them back.
+    struct Hiding {
+        explicit Hiding(Impl& list) : list(list) { ++list.hidings; }
+        Hiding(const Hiding&) = delete;
+        Hiding& operator=(const Hiding&) = delete;
+        ~Hiding() { --list.hidings; }
+        Impl& list;
+    };
+
     Events& events;
     host::Component* component = nullptr; ///< Null before the start and after the end.
     host::Component* strip = nullptr;     ///< That of `xbutton1`, while it is a child.
@@ -51,6 +61,7 @@ struct gList::Impl {
     std::int32_t pressedRow = 0; ///< Row of a press whose release is awaited; a release leaves it as it is.
     std::int32_t downRow = 0;    ///< Row of the last press, for the double click.
     bool buttonIsDown = false;
+    std::int32_t hidings = 0;   ///< `Hiding`s that live.
     std::int32_t editorRow = 0; ///< Row whose editor has to be read back, 0 for none.
 
     // Life cycle (gList.cpp).
@@ -58,6 +69,7 @@ struct gList::Impl {
     bool UserMode() const;
     bool IsAlive() const { return component != nullptr; } ///< A handler may end the control.
     std::shared_ptr<host::MessageHook> Hook() const;      ///< Throws `ObjectError` at design time.
+    [[noreturn]] static void ThrowNoHook();
     void Start(host::Component& base);
     void Read(host::PropertyBag& bag);
     void AttachHook();
@@ -69,6 +81,7 @@ struct gList::Impl {
     void PaintInRunMode();
 
     // Items (gList_items.cpp).
+    static elistdata DefaultRecord() { return {.bVisible = true}; }
     Resolved Resolve(std::int32_t index) const;
     std::int32_t RowOf(std::int32_t slot) const;
     /// Minus the slot of the first item with this key, 0 for none.
@@ -98,13 +111,13 @@ struct gList::Impl {
     void PaintAll() { PaintRect(state.ClientRect); }
     void PaintRect(const tvok_Rect& rect);
     void PaintUpdateRegion();
-    void DrawRow(std::int32_t row);
-    void DrawCell(std::int32_t slot, bool value);
-    void DrawExpander(std::int32_t row, std::int32_t column, std::int32_t gridRow);
+    void DrawRow(std::int32_t row, bool place = true); ///< `place` false leaves strip and editor alone.
+    bool DrawCell(std::int32_t row, std::int32_t slot, const tvok_Rect& cell, bool value);
+    void DrawExpander(std::int32_t slot, const tvok_Rect& cell);
     void PlaceStrip(std::int32_t slot, tvok_Rect& rect);
     void PlaceEditor(std::int32_t slot, const tvok_Rect& rect);
     void LeavePage(std::int32_t row);
-    void ShowStrip(bool show);
+    void HideStrip();
     bool GetItemRect(std::int32_t row, tvok_Rect& rect) const;
 
     // Input (gList_input.cpp).
@@ -114,6 +127,7 @@ struct gList::Impl {
     bool OpenEditor();
     void KeyIn(std::int32_t key, std::int32_t shift);
     void FocusCame();
+    void FocusWent() { DrawRow(state.ListIndex, hidings == 0); }
     void MS0HOOK_RtMsg(std::int32_t message, std::int32_t wParam, std::int32_t lParam, bool& fMsgProcess);
     void Drag(std::int32_t wParam, std::int32_t lParam);
     void Press(std::int32_t lParam);
@@ -128,7 +142,7 @@ struct gList::Impl {
     void OpenColors(const std::string& key, const elistdata& record);
     void OpenNumbers(const std::string& key, const elistdata& record);
     void OpenList(const std::string& key, const elistdata& record, std::int32_t number, bool byNumber);
-    void OpenPopup();
+    void PlacePopup();
     void StripClick(const std::string& key);
     void PopupClick(const qrosterdata& entry, bool canceled);
 

@@ -63,8 +63,8 @@ void gList::Impl::KeyIn(std::int32_t key, std::int32_t shift) {
 
 void gList::Impl::FocusCame() {
     if (state.ListIndex >= 1 || state.Count < 1)
-        DrawRow(state.ListIndex);
-    else
+        DrawRow(state.ListIndex, hidings == 0);
+    else if (hidings == 0)
         SetListIndex(1);
 }
 
@@ -104,7 +104,7 @@ void gList::Impl::Press(std::int32_t lParam) {
     if (!IsAlive()) return;
     CloseEditor();
     editorRow = 0;
-    if (!IsAlive()) return;
+    if (!IsAlive() || row > state.Count) return; // a handler took the row away
     const std::int32_t slot = rowIndex[row];
     if (listMode == 1 && point.x < state.HeadWidthEx && items[slot].bParentItem) Fold(slot);
 }
@@ -168,7 +168,7 @@ void gList::GotFocus() {
 }
 
 void gList::LostFocus() {
-    impl_->DrawRow(impl_->state.ListIndex);
+    impl_->FocusWent();
 }
 
 } // namespace tvok

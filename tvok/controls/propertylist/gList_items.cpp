@@ -45,7 +45,10 @@ std::int32_t gList::Impl::AddItem(const elistdata& record, std::int32_t index) {
                 if (slot == 0) slot = items.Grow();
                 items.Put(slot, record);
             },
-            [&] { LoadPopList(items[slot].xbuttons); }, [&] { ApplyItemValue(slot); });
+            [&] { LoadPopList(items[slot].xbuttons); },
+            [&] {
+                if (IsAlive()) ApplyItemValue(slot);
+            });
     return -slot;
 }
 
@@ -75,8 +78,9 @@ void gList::Impl::Clear(bool noRefresh) {
     state.Count = 0;
     state.ListIndex = 0;
     editorRow = 0;
-    ShowStrip(false);
-    const auto hook = Hook();
+    const auto hook = MS0HOOK;
+    HideStrip();
+    if (!hook) ThrowNoHook();
     hook->ScrollMax(0);
     hook->ScrollValue(0);
     hook->ScrollHMax(0);
@@ -160,9 +164,7 @@ void gList::ReqEnumItems(std::int32_t ActionID, std::string_view key) {
 }
 
 elistdata gList::DefaultItem() const {
-    elistdata item;
-    item.bVisible = true;
-    return item;
+    return Impl::DefaultRecord();
 }
 
 std::int32_t gList::Count() const {

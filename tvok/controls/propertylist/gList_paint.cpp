@@ -13,10 +13,8 @@ namespace {
 
 constexpr std::int32_t cFoldBox = 9;
 constexpr std::int32_t cLeastEditor = 6;
-constexpr std::int32_t cShadowColor = 16; // system colours of the fold box
-constexpr std::int32_t cTextColor = 8;
 
-std::int32_t Twips(std::int64_t pixels, float twipsPerPixel) {
+std::int32_t RoundedTwips(std::int64_t pixels, float twipsPerPixel) {
     return RoundToInt32(static_cast<double>(pixels) * static_cast<double>(twipsPerPixel));
 }
 
@@ -51,67 +49,71 @@ void gList::Impl::PaintUpdateRegion() {
     PaintRect(paint.rect());
 }
 
-void gList::Impl::DrawRow(std::int32_t row) {
+void gList::Impl::DrawRow(std::int32_t row, bool place) {
     if (!IsAlive()) return;
     std::int32_t column = 0;
     std::int32_t gridRow = 0;
-    if (!mtvok::IndexToCell(row, state, column, gridRow)) return LeavePage(row);
-    const std::int32_t slot = rowIndex[row];
-    const tvok_Rect cell = cells(column, gridRow);
-    state.CurItem = row;
-    state.CellRect = cell;
-    if (items[slot].bParentItem) {
-        DrawCell(slot, false);
-        DrawExpander(row, column, gridRow);
-        tvok_Rect rect = cell;
-        if (IsAlive() && row == state.ListIndex && !buttonIsDown) PlaceStrip(slot, rect);
+    if (!mtvok::IndexToCell(row, state, column, gridRow)) {
+        if (place) LeavePage(row);
         return;
     }
+    const std::int32_t slot = rowIndex[row];
+    const tvok_Rect cell = cells(column, gridRow);
+    tvok_Rect caption = cell;
+    const bool isParent = items[slot].bParentItem;
     const std::int64_t head = std::int64_t{cell.Left} + headWidth + state.HeadWidthEx;
-    state.CellRect.Right = ToInt32(head);
-    DrawCell(slot, false);
-    if (!IsAlive()) return;
-    state.CellRect = cell;
-    state.CellRect.Left = ToInt32(head + state.GridlineWidth);
-    DrawCell(slot, true);
+    if (!isParent) caption.Right = ToInt32(head);
+    if (!DrawCell(row, slot, caption, false)) return;
+    tvok_Rect rect = cell;
+    if (isParent) {
+        DrawExpander(slot, cell);
+    } else {
+        rect.Left = ToInt32(head + state.GridlineWidth);
+        if (!DrawCell(row, slot, rect, true)) return;
+        rect = state.TextRect;
+    }
     // While the button is held neither is touched, so that a drag over the rows does not flicker.
-    if (!IsAlive() || row != state.ListIndex || buttonIsDown) return;
-    tvok_Rect rect = state.TextRect;
+    if (!place || row != state.ListIndex || buttonIsDown) return;
     PlaceStrip(slot, rect);
-    PlaceEditor(slot, rect);
+    if (!isParent) PlaceEditor(slot, rect);
 }
 
-/// The caption or the value into `CellRect`, as the same row that is being painted.
-void gList::Impl::DrawCell(std::int32_t slot, bool value) {
+/// The caption or the value of a row. False where a handler ended the control or gave the row to another
+/// item, which has been painted then.
+bool gList::Impl::DrawCell(std::int32_t row, std::int32_t slot, const tvok_Rect& cell, bool value) {
     const auto callback = cbExDraw; // a handler may end the control
-    const std::int32_t row = state.CurItem;
-    mtvok::DrawListItem(state, value ? items[slot].item : items[slot].hItem, *callback, false);
     state.CurItem = row;
+    state.CellRect = cell;
+    mtvok::DrawListItem(state, value ? items[slot].item : items[slot].hItem, *callback, false);
+    return IsAlive() && row <= state.Count && rowIndex[row] == slot;
 }
 
-void gList::Impl::DrawExpander(std::int32_t row, std::int32_t column, std::int32_t gridRow) {
+/// The fold box of a group row: a minus, or a plus while the group is folded.
+void gList::Impl::DrawExpander(std::int32_t slot, const tvok_Rect& cell) {
     quietly([&] {
-        const elistdata& record = items[rowIndex[row]];
-        if (!record.bParentItem) return;
-        const tvok_Rect cell = cells(column, gridRow);
         // From the client's edge and not from the cell's: with a narrow band the box is cut off there.
-        const std::int32_t x = (state.HeadWidthEx - cFoldBox) / 2;
-        const std::int32_t y = cell.Top + (cell.bottom - cell.Top - cFoldBox) / 2;
+        const std::int32_t x = ToInt32((std::int64_t{state.HeadWidthEx} - cFoldBox) / 2);
+        const std::int32_t y = ToInt32(cell.Top + (std::int64_t{cell.bottom} - cell.Top - cFoldBox) / 2);
+        const tvok_Rect box{x, y, ToInt32(std::int64_t{x} + cFoldBox), ToInt32(std::int64_t{y} + cFoldBox)};
         host::Platform& platform = host::platform();
-        dgi::FrameRectColor(state.hDC, {x, y, x + cFoldBox, y + cFoldBox},
-                            platform.GetSysColor(cShadowColor));
-        const dgi::Owned pen(platform.CreatePen(0, 1, platform.GetSysColor(cTextColor)));
+        dgi::FrameRectColor(state.hDC, box, platform.GetSysColor(host::COLOR_BTNSHADOW));
+        const dgi::Owned pen(platform.CreatePen(0, 1, platform.GetSysColor(host::COLOR_WINDOWTEXT)));
         const dgi::Selected inUse(state.hDC, pen.handle());
         platform.MoveToEx(state.hDC, x + 2, y + 4, nullptr);
         platform.LineTo(state.hDC, x + 7, y + 4);
-        if ((record.hItem.vflag & vflag::Collapsed) == 0) return;
+        if ((items[slot].hItem.vflag & vflag::Collapsed) == 0) return;
         platform.MoveToEx(state.hDC, x + 4, y + 2, nullptr);
         platform.LineTo(state.hDC, x + 4, y + 7);
     });
 }
 
-void gList::Impl::ShowStrip(bool show) {
-    if (strip != nullptr) strip->Visible(show);
+/// A strip with the focus would take it along, to whatever the form has first: the list takes it back, so
+/// that the arrow keys go on. That repaints the row and must not place what is being hidden.
+void gList::Impl::HideStrip() {
+    if (strip == nullptr) return;
+    const Hiding hiding(*this);
+    if (host::platform().GetFocus() == strip->hWnd()) Base().SetFocus();
+    if (strip != nullptr) strip->Visible(false);
 }
 
 /// Puts the buttons at the right end of `rect`, which loses their width.
@@ -125,14 +127,14 @@ void gList::Impl::PlaceStrip(std::int32_t slot, tvok_Rect& rect) {
     place.Top -= state.GridlineWidth >= 1 ? 1 : 0;
     if (place.Left < rect.Left) {
         rect.Left = rect.Right; // no room: neither for the strip nor for an editor
-        ShowStrip(false);
+        HideStrip();
         return;
     }
     place = dgi::RectToWindowDC(state.hDC, state.hWnd, place);
     const host::Screen& screen = host::services().Screen();
     strip->Move(static_cast<float>(place.Left) * screen.TwipsPerPixelX(),
                 static_cast<float>(place.Top) * screen.TwipsPerPixelY());
-    ShowStrip(true);
+    strip->Visible(true);
     if (strip != nullptr) strip->ZOrder(0);
 }
 
@@ -140,15 +142,18 @@ void gList::Impl::PlaceEditor(std::int32_t slot, const tvok_Rect& rect) {
     const elistdata& record = items[slot];
     if (!IsAlive() || (record.item.vflag & vflag::Editor) == 0) return;
     const std::string key = record.hItem.key; // of the moment, whatever a handler does to the record
-    if (std::int64_t{rect.Right} - rect.Left < cLeastEditor) return events.ExEditorHide(key);
+    if (std::int64_t{rect.Right} - rect.Left < cLeastEditor) {
+        const Hiding hiding(*this);
+        return events.ExEditorHide(key);
+    }
     const tvok_Rect place = dgi::RectToWindowDC(state.hDC, state.hWnd, rect);
     const host::Screen& screen = host::services().Screen();
     const float x = screen.TwipsPerPixelX();
     const float y = screen.TwipsPerPixelY();
-    std::int32_t left = Twips(place.Left, x);
-    std::int32_t top = Twips(place.Top, y);
-    std::int32_t width = Twips(std::int64_t{place.Right} - place.Left, x);
-    std::int32_t height = Twips(std::int64_t{place.bottom} - place.Top, y);
+    std::int32_t left = RoundedTwips(place.Left, x);
+    std::int32_t top = RoundedTwips(place.Top, y);
+    std::int32_t width = RoundedTwips(std::int64_t{place.Right} - place.Left, x);
+    std::int32_t height = RoundedTwips(std::int64_t{place.bottom} - place.Top, y);
     events.ExEditorSetPosition(key, left, top, width, height);
     if (IsAlive()) events.ExEditorShow(key);
 }
@@ -156,9 +161,10 @@ void gList::Impl::PlaceEditor(std::int32_t slot, const tvok_Rect& rect) {
 /// The current row is off the page: its editor hides and keeps what is in it.
 void gList::Impl::LeavePage(std::int32_t row) {
     if (row != state.ListIndex || row < 1) return;
+    const Hiding hiding(*this);
     const std::string key = items[rowIndex[row]].hItem.key;
     events.ExEditorHide(key);
-    ShowStrip(false);
+    HideStrip();
 }
 
 // The pixel that grid lines on the border add is added here alone and not where rows are painted. That stays.

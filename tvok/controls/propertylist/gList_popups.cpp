@@ -22,6 +22,7 @@ void gList::Impl::ConnectChildren() {
 
 // Without a current row these work on the blank record, and the popup has no place of its own. That stays.
 void gList::Impl::StripMouseDown(const std::string& key) {
+    if (!IsAlive()) return;
     const std::string pressed = key; // a handler may change the strip
     elistdata copy = items[CurrentSlot()];
     const propertylist::ItemType type = ParseItemType(copy.xbuttons);
@@ -45,7 +46,8 @@ void gList::Impl::OpenColors(const std::string& key, const elistdata& record) {
         return;
     }
     xPopup1.TmpData(record.nData);
-    OpenPopup();
+    PlacePopup();
+    xPopup1.Popup(false);
 }
 
 void gList::Impl::OpenNumbers(const std::string& key, const elistdata& record) {
@@ -58,7 +60,8 @@ void gList::Impl::OpenNumbers(const std::string& key, const elistdata& record) {
     xPopup1.TmpKey(record.hItem.key);
     xPopup1.SetNS(*first, *last);
     xPopup1.TmpData(record.nData);
-    OpenPopup();
+    PlacePopup();
+    xPopup1.Popup(false);
 }
 
 // The list is asked for anew at each press, while cells show what was loaded once: a host that changes a list
@@ -72,18 +75,21 @@ void gList::Impl::OpenList(const std::string& key, const elistdata& record, std:
     xPopup1.TmpKey(record.hItem.key);
     xPopup1.TmpData(record.nData);
     xPopup1.ItemsStr(text);
+    PlacePopup();
     xPopup1.SortedMode(byNumber ? bItemDataAscendingSorted : bAscendingSorted);
-    OpenPopup();
-}
-
-void gList::Impl::OpenPopup() {
-    tvok_Rect place;
-    GetItemRect(state.ListIndex, place);
-    xPopup1.SetParentRect(place);
     xPopup1.Popup(false);
 }
 
+/// Under the value of the current row. Off the page that has no place, and the popup opens at the screen's
+/// corner.
+void gList::Impl::PlacePopup() {
+    tvok_Rect place;
+    GetItemRect(state.ListIndex, place);
+    xPopup1.SetParentRect(place);
+}
+
 void gList::Impl::StripClick(const std::string& key) {
+    if (!IsAlive()) return;
     const std::string clicked = key;
     const elistdata before = items[CurrentSlot()];
     if (ParseItemType(before.xbuttons).kind == ItemKind::Color && ScanNumber(clicked) == 2) {
@@ -103,6 +109,7 @@ void gList::Impl::StripClick(const std::string& key) {
 // Also the preview, then never cancelled. The value from before the opening waits in the popup's scratch
 // value.
 void gList::Impl::PopupClick(const qrosterdata& entry, bool canceled) {
+    if (!IsAlive()) return; // the popup goes with the control: nobody is there to hear of it
     elistdata& record = items.Contents(CurrentSlot());
     if (canceled) {
         record.nData = xPopup1.TmpData();

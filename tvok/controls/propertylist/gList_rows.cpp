@@ -23,8 +23,10 @@ void gList::Impl::CloseEditor() {
             events.ExEditorDataRestore(key);
         }
     }
+    if (!IsAlive()) return;
+    const Hiding hiding(*this);
     events.ExEditorHide(key);
-    ShowStrip(false);
+    HideStrip();
 }
 
 void gList::Impl::BuiltList() {
@@ -47,7 +49,8 @@ void gList::Impl::BuiltList() {
 
 /// Gives the row of the slot `kept`, the first where it has several, and 0 where it has none.
 std::int32_t gList::Impl::MakeRows(std::int32_t kept) {
-    const bool isNewFont = widths.Use(host::ValueOf(*Base().Font()));
+    const bool isNewFont =
+        widths.Use(host::ValueOf(*Base().Font()), host::services().Screen().TwipsPerPixelX());
     if (!plan.Make(items, items.Squeeze(), sorted, listMode == 1) && isNewFont) plan.ForgetWidths();
     std::vector<bool> isOpen(plan.KeyCount());
     rowOf.clear();
@@ -83,7 +86,7 @@ void gList::Impl::AddRows(std::span<const std::int32_t> slots) {
 
 void gList::Impl::FitHeadWidth(std::int32_t widest) {
     const std::int32_t twips = RoundToInt32(static_cast<double>(host::services().Screen().TwipsPerPixelX()));
-    if (twips == 0) ThrowOverflow(widest);
+    if (twips == 0) throw OverflowError("gList: a pixel of no twips");
     headWidth = std::max(ToInt32(std::int64_t{widest / twips} + cHeadMargin), cLeastHeadWidth);
 }
 

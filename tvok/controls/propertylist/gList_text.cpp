@@ -41,11 +41,17 @@ void WriteItem(LineWriter& lines, const elistdata& item, const elistdata& before
     lines.Alone(mtvok::EndOfItemLine);
 }
 
+/// Rounded to a whole number first, unlike in the form of the other lists: 0.4 is false, and a number that
+/// does not fit leaves the field as it was.
+bool Truth(const NumberedLine& line) {
+    return line.Number() != 0;
+}
+
 /// Takes an item's field. The text of the value cell has no line, while that of the caption has one.
 void ReadItemLine(const NumberedLine& line, elistdata& item) {
     switch (line.number()) {
-    case ParentLine: item.bParentItem = line.Truth(); break;
-    case VisibleLine: item.bVisible = line.Truth(); break;
+    case ParentLine: item.bParentItem = Truth(line); break;
+    case VisibleLine: item.bVisible = Truth(line); break;
     case ParentKeyLine: item.pKey = line.text(); break;
     case ButtonsLine: item.xbuttons = line.text(); break;
     case HelpLine: item.HelpStr = line.text(); break;
@@ -84,7 +90,7 @@ std::string gList::Impl::WriteText() const {
     mtvok::SortIndexByText([this](std::int32_t slot) -> const std::string& { return items[slot].hItem.text; },
                            order, 1, last, true, true);
     lines.Alone(mtvok::FirstItemLine);
-    const elistdata first{.bVisible = true};
+    const elistdata first = DefaultRecord();
     const elistdata* before = &first;
     for (std::int32_t k = 1; k <= last; ++k) {
         const elistdata& item = items[order[k]];
@@ -98,25 +104,26 @@ std::string gList::Impl::WriteText() const {
 void gList::Impl::ReadSetting(const NumberedLine& line) {
     switch (line.number()) {
     case BorderStyleLine: Base().BorderStyle(ToInt16(line.Number())); break;
-    case FixedHeightLine: state.FixedHeight = line.Truth(); break;
+    case FixedHeightLine: state.FixedHeight = Truth(line); break;
+    case mtvok::GridlineOnBorderLine: state.GridlineOnBorder = Truth(line); break;
     case mtvok::ItemHeightLine:
         state.ItemHeight = RoundToInt32(ScanNumber(line.text()) + TextHeight());
         break;
     case ListModeLine: listMode = line.Number(); break;
-    case SortedLine: sorted = line.Truth(); break;
+    case SortedLine: sorted = Truth(line); break;
     default: mtvok::ReadSettingLine(line.number(), line, state);
     }
 }
 
 void gList::Impl::ReadText(std::string_view given) {
     const std::string text(given); // a handler may end what the view looks at
-    elistdata item{.bVisible = true};
+    elistdata item = DefaultRecord();
     NumberedLine line(cLargestLine);
     Lines lines(text);
     for (std::string_view next; IsAlive() && lines.Next(next);) {
         line.Read(next);
         switch (line.number()) {
-        case mtvok::FirstItemLine: item = elistdata{.bVisible = true}; break;
+        case mtvok::FirstItemLine: item = DefaultRecord(); break;
         case mtvok::EndOfItemLine: AddItem(item, 0); break;
         default: quietly([&] { ReadSetting(line); }, [&] { ReadItemLine(line, item); });
         }

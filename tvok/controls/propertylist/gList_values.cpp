@@ -1,4 +1,6 @@
 // How the value of a `gList` item becomes what its cell shows.
+#include <cmath>
+
 #include "tvok/controls/propertylist/gList_impl.h"
 #include "tvok/controls/propertylist/typeword.h"
 #include "tvok/records/numeric.h"
@@ -15,6 +17,12 @@ double NumberOf(const Variant& value) {
     return ScanNumber(value.AsText());
 }
 
+double FiniteNumberOf(const Variant& value) {
+    const double number = value.AsNumber();
+    if (!std::isfinite(number)) throw OverflowError("gList: a number too large to show");
+    return number;
+}
+
 } // namespace
 
 void gList::Impl::ApplyItemValue(std::int32_t slot) {
@@ -25,7 +33,7 @@ void gList::Impl::ApplyItemValue(std::int32_t slot) {
         record.item.IconBackColor = RoundToInt32(NumberOf(record.nData));
         record.item.text = "(" + xPopup1.GetColorDesc(record.item.IconBackColor) + ")";
         return;
-    case ItemKind::Number: record.item.text = Variant(record.nData.AsNumber()).AsText(); return;
+    case ItemKind::Number: record.item.text = Variant(FiniteNumberOf(record.nData)).AsText(); return;
     case ItemKind::ListByNumber: {
         const qrosterdata* entry = popLists.Find(type.number, RoundToInt32(NumberOf(record.nData)));
         if (entry != nullptr) record.item = *entry;

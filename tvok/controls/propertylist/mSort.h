@@ -1,4 +1,4 @@
-/// The module `mSort`: orders a list of numbers by texts that stand beside it.
+/// The module `mSort`: orders a list of numbers by texts that stand beside it, as `gList` orders its items.
 #pragma once
 
 #include <cstdint>
