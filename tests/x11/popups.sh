@@ -20,25 +20,6 @@ grid_button=$((152 + 48 * 4 + 24))
 number_arrow=428
 number_top=200
 
-# Popups are the windows that the window manager leaves alone: those without a frame that can be seen.
-popup_id() {
-    local id report width
-    for id in $(xwininfo -root -children | sed -n 's/^ *\(0x[0-9a-f]*\) .*/\1/p'); do
-        report="$(xwininfo -id "$id" 2>/dev/null)" || continue # it has just gone
-        width="$(sed -n 's/^ *Width: *//p' <<<"$report")"
-        if [[ "$report" = *'Override Redirect State: yes'* && "$report" = *'Map State: IsViewable'* ]] &&
-            [ "${width:-0}" -gt 20 ]; then
-            echo "$id"
-            return 0
-        fi
-    done
-    return 1
-}
-is_open() { popup_id >/dev/null; }
-is_closed() { ! popup_id >/dev/null; }
-opened() { until_true 20 is_open || fail "no popup came up: $*"; }
-closed() { until_true 20 is_closed || fail "the popup is still there: $*"; }
-
 # Where the popup is on the screen: PX, PY, PW and PH.
 look_at_popup() {
     local report

@@ -84,6 +84,25 @@ open_window() {
 window=""
 find_window() { window="$(xdotool search --onlyvisible --name "^$title$" 2>/dev/null | head -n 1)" && [ -n "$window" ]; }
 
+# Popups are the windows that the window manager leaves alone: those without a frame that can be seen.
+popup_id() {
+    local id report width
+    for id in $(xwininfo -root -children | sed -n 's/^ *\(0x[0-9a-f]*\) .*/\1/p'); do
+        report="$(xwininfo -id "$id" 2>/dev/null)" || continue # it has just gone
+        width="$(sed -n 's/^ *Width: *//p' <<<"$report")"
+        if [[ "$report" = *'Override Redirect State: yes'* && "$report" = *'Map State: IsViewable'* ]] &&
+            [ "${width:-0}" -gt 20 ]; then
+            echo "$id"
+            return 0
+        fi
+    done
+    return 1
+}
+is_open() { popup_id >/dev/null; }
+is_closed() { ! popup_id >/dev/null; }
+opened() { until_true 20 is_open || fail "no popup came up: $*"; }
+closed() { until_true 20 is_closed || fail "the popup is still there: $*"; }
+
 # Points are those of the window's own area.
 pixel_at() { "$pixel" $((X + $1)) $((Y + $2)); }
 at() { xdotool mousemove $((X + $1)) $((Y + $2)); }
