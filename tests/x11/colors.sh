@@ -21,24 +21,6 @@ first_arrow=365
 second_arrow=385
 dots=405
 
-# Popups are the windows that the window manager leaves alone: those without a frame that can be seen.
-popup_id() {
-    local id
-    for id in $(xwininfo -root -children | sed -n 's/^ *\(0x[0-9a-f]*\) .*/\1/p'); do
-        if xwininfo -id "$id" | grep -q 'Override Redirect State: yes' &&
-            xwininfo -id "$id" | grep -q 'Map State: IsViewable' &&
-            [ "$(xwininfo -id "$id" | sed -n 's/^ *Width: *//p')" -gt 20 ]; then
-            echo "$id"
-            return 0
-        fi
-    done
-    return 1
-}
-is_open() { popup_id >/dev/null; }
-is_closed() { ! popup_id >/dev/null; }
-opened() { until_true 20 is_open || fail "no popup came up: $*"; }
-closed() { until_true 20 is_closed || fail "the popup is still there: $*"; }
-
 # The grid hangs below the selector, with cells of 10 pixels and lines of 1 around them.
 grid=160
 cell_x() { echo $((152 + 1 + 11 * ($1 - 1) + $2)); }
@@ -110,7 +92,8 @@ until_true 20 selected_changed "$before" || fail "a letter left the selected row
 system="$(selected_row)"
 xdotool key --clearmodifiers Return
 closed "after Enter"
-[ "$(selected_row)" = "$system" ] || fail "Enter left the selected row $(selected_row), not $system"
+system_stays() { [ "$(selected_row)" = "$system" ]; }
+until_true 20 system_stays || fail "Enter left the selected row $(selected_row), not $system"
 
 # The dialog: Esc takes nothing, and a basic colour and Enter take that.
 dialog=""
@@ -120,12 +103,14 @@ open_dialog() {
     click_on $dots $background
     until_true 20 find_dialog || fail "no dialog came up"
     xdotool windowactivate --sync "$dialog"
+    settle
 }
 open_dialog
 xdotool key --clearmodifiers Escape
 until_true 20 no_dialog || fail "Esc did not close the dialog"
 until_true 20 shows "$chosen" || fail "after a cancelled dialog $(now), not $chosen"
 xdotool windowactivate --sync "$window"
+settle
 open_dialog
 # Its basic colours begin at 8, 26 with cells of 24 x 22: red is the first of the third row.
 report="$(xwininfo -id "$dialog")"
@@ -138,5 +123,6 @@ until_true 20 no_dialog || fail "Enter did not close the dialog"
 until_true 20 shows FF0000 || fail "after the dialog $(now)"
 
 xdotool windowactivate --sync "$window"
+settle
 close_window
 echo "chose colours by drag, keys and dialog, and took them back by Esc and a press outside"
