@@ -3,72 +3,14 @@
 #include <random>
 
 #include "tests/support/EngineList.h"
+#include "tests/support/PlainSort.h"
 
 namespace tvok::test {
 namespace {
 
-/// The sort as its steps are told, one by one: what `SortIndexByText` has to give, however it gets there.
-class PlainSteps {
-public:
-    PlainSteps(const ItemSlots& items, IndexArray& index, bool ascending, bool caseSensitive)
-        : items_(items), index_(index), direction_(ascending ? 1 : -1), caseSensitive_(caseSensitive) {}
-
-    void Sort(std::int32_t low, std::int32_t high) {
-        if (high <= low) return;
-        std::vector<std::int32_t> stack{low, high};
-        while (!stack.empty()) {
-            const auto right = stack.back();
-            stack.pop_back();
-            const auto left = stack.back();
-            stack.pop_back();
-            if (right - left + 1 > 10)
-                Partition(left, right, stack);
-            else
-                Select(left, right);
-        }
-    }
-
-private:
-    const std::string& Text(std::int32_t i) const { return items_[index_[i]].text; }
-    int Compare(const std::string& a, const std::string& b) const {
-        if (!caseSensitive_) return host::services().Language().CompareText(a, b);
-        const int order = a.compare(b);
-        return order < 0 ? -1 : order > 0 ? 1 : 0;
-    }
-    void Swap(std::int32_t i, std::int32_t j) {
-        index_[0] = index_[i];
-        index_[i] = index_[j];
-        index_[j] = index_[0];
-    }
-    void Partition(std::int32_t left, std::int32_t right, std::vector<std::int32_t>& stack) {
-        auto i = left;
-        auto j = right;
-        const std::string pivot = Text(left + (right - left) / 2);
-        for (;;) {
-            while (j > i && Compare(pivot, Text(i)) == direction_) i += 1;
-            while (j >= i && Compare(Text(j), pivot) == direction_) j -= 1;
-            if (i >= j) break;
-            Swap(i, j);
-            i += 1;
-            j -= 1;
-        }
-        if (left < j) stack.insert(stack.end(), {left, j});
-        if (i < right) stack.insert(stack.end(), {i, right});
-    }
-    void Select(std::int32_t left, std::int32_t right) {
-        for (auto i = left; i < right; ++i) {
-            auto m = i;
-            for (auto j = i + 1; j <= right; ++j)
-                if (Compare(Text(j), Text(m)) != direction_) m = j;
-            if (m > i) Swap(i, m);
-        }
-    }
-
-    const ItemSlots& items_;
-    IndexArray& index_;
-    int direction_;
-    bool caseSensitive_;
-};
+int CompareLanguage(const std::string& a, const std::string& b) {
+    return host::services().Language().CompareText(a, b);
+}
 
 class SortIndexByText : public EngineList {
 protected:
@@ -92,7 +34,10 @@ protected:
             for (const bool caseSensitive : {true, false}) {
                 IndexArray expected = indexes;
                 IndexArray actual = indexes;
-                PlainSteps(items, expected, ascending, caseSensitive).Sort(low, high);
+                const auto textOf = [this](std::int32_t slot) { return items[slot].text; };
+                PlainSort<IndexArray>(expected, ascending, textOf,
+                                      caseSensitive ? CompareBytes : CompareLanguage)
+                    .Sort(low, high);
                 mtvok::SortIndexByText(items, actual, low, high, ascending, caseSensitive);
                 for (std::int32_t i = 0; i <= indexes.UpperBound(); ++i)
                     ASSERT_EQ(actual[i], expected[i]) << "entry " << i << " of " << state.Count << ", "

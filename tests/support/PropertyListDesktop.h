@@ -75,7 +75,7 @@ public:
     /// What is raised after the control has ended still needs the log and the popup lists.
     std::vector<std::string> log;
     std::map<std::int32_t, std::string> popLists; ///< What `EnumPopStr` answers; it leaves others alone.
-    TestDesktop desktop;
+    mutable TestDesktop desktop;
     PropertyListServices services;
     gList* list = nullptr;
     host::MessageHook* hook = nullptr; ///< The list's own; null at design time.
