@@ -34,7 +34,9 @@ protected:
             for (const bool caseSensitive : {true, false}) {
                 IndexArray expected = indexes;
                 IndexArray actual = indexes;
-                const auto textOf = [this](std::int32_t slot) { return items[slot].text; };
+                const auto textOf = [this](std::int32_t slot) -> const std::string& {
+                    return items[slot].text;
+                };
                 PlainSort<IndexArray>(expected, ascending, textOf,
                                       caseSensitive ? CompareBytes : CompareLanguage)
                     .Sort(low, high);

@@ -13,7 +13,7 @@ namespace tvok::test {
 template<class Order>
 class PlainSort {
 public:
-    using TextOf = std::function<std::string(std::int32_t slot)>;
+    using TextOf = std::function<const std::string&(std::int32_t slot)>;
     using Comparison = std::function<int(const std::string&, const std::string&)>; ///< -1, 0 or 1.
 
     PlainSort(Order& order, bool ascending, TextOf textOf, Comparison compare)
@@ -39,7 +39,7 @@ public:
 
 private:
     std::int32_t& At(std::int32_t i) { return order_[static_cast<Place>(i)]; }
-    std::string Text(std::int32_t i) { return textOf_(At(i)); }
+    const std::string& Text(std::int32_t i) { return textOf_(At(i)); }
     void Swap(std::int32_t i, std::int32_t j) {
         At(0) = At(i);
         At(i) = At(j);

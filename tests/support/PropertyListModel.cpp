@@ -245,7 +245,9 @@ void PropertyListModel::BuiltList() {
     std::vector<std::string> texts(1);
     std::vector<std::int32_t> order(1);
     const std::int32_t n = Squeeze(texts, order);
-    const auto textOf = [&](std::int32_t slot) { return texts[static_cast<std::size_t>(slot)]; };
+    const auto textOf = [&](std::int32_t slot) -> const std::string& {
+        return texts[static_cast<std::size_t>(slot)];
+    };
     if (Sorted) PlainSort<std::vector<std::int32_t>>(order, true, textOf, CompareBytes).Sort(1, n);
     order.erase(order.begin());
 

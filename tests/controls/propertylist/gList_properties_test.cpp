@@ -7,9 +7,11 @@
 namespace tvok::test {
 namespace {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 using List = PropertyListDesktop;
 
@@ -205,9 +207,9 @@ TEST(gListProperties, TheImageListGoesToTheStripAlsoWhenUnchanged) {
     ASSERT_FALSE(at.Images().empty());
     const std::int32_t images = at.list->IconHandle();
     at.list->IconHandle(0);
-    EXPECT_THAT(at.Images(), IsEmpty());
+    EXPECT_THAT(at.Images(), Each(HasSubstr("images=0 ")));
     at.list->IconHandle(images);
-    EXPECT_FALSE(at.Images().empty());
+    EXPECT_THAT(at.Images(), Each(Not(HasSubstr("images=0 "))));
 }
 
 // Structure.
