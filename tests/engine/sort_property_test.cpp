@@ -37,8 +37,7 @@ protected:
                 const auto textOf = [this](std::int32_t slot) -> const std::string& {
                     return items[slot].text;
                 };
-                PlainSort<IndexArray>(expected, ascending, textOf,
-                                      caseSensitive ? CompareBytes : CompareLanguage)
+                PlainSort(expected, ascending, textOf, caseSensitive ? CompareBytes : CompareLanguage)
                     .Sort(low, high);
                 mtvok::SortIndexByText(items, actual, low, high, ascending, caseSensitive);
                 for (std::int32_t i = 0; i <= indexes.UpperBound(); ++i)

@@ -3,6 +3,7 @@
 //
 // TVOK_RANDOM_SEED=n repeats a run; the seed is printed. TVOK_RANDOM_STEPS=n makes it longer or shorter.
 #include <iterator>
+#include <map>
 #include <random>
 
 #include "tests/support/PropertyListDesktop.h"
@@ -100,6 +101,7 @@ public:
 
     /// What does not agree, if anything.
     std::string Difference() {
+        for (const std::string& line : model_.log) ++raised_[line.substr(0, line.find('('))];
         if (at_.log != model_.log) return "events:\n" + Joined(at_.log) + "model:\n" + Joined(model_.log);
         if (at_.list->Count() != model_.Count) return "the count of rows";
         if (at_.list->ListIndex() != model_.ListIndex) return "the current row";
@@ -109,6 +111,8 @@ public:
         return ++steps_ % 16 == 0 ? DifferentRecord() : std::string();
     }
     const std::string& Story() const { return story_; }
+    /// How often each event was raised.
+    const std::map<std::string, std::uint32_t>& Raised() const { return raised_; }
 
 private:
     std::uint32_t Number(std::uint32_t low, std::uint32_t high) {
@@ -187,6 +191,7 @@ private:
     std::string story_; ///< What the step did.
     bool down_ = false; ///< The mouse button.
     std::uint32_t steps_ = 0;
+    std::map<std::string, std::uint32_t> raised_;
 };
 
 void RandomRun::Add() {
@@ -350,6 +355,8 @@ TEST(gListRandom, AgreesWithThePlainModelAfterEachOfManySteps) {
         ASSERT_EQ(run.Difference(), "") << "step " << step << ", seed " << seed << ": " << run.Story();
         ASSERT_FALSE(testing::Test::HasFailure()) << "step " << step << ": " << run.Story();
     }
+    EXPECT_EQ(run.Raised().size(), 8u);
+    for (const auto& [name, times] : run.Raised()) EXPECT_GT(times, steps / 500) << name;
 }
 
 } // namespace

@@ -3,19 +3,17 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tvok::test {
 
-/// `Order` is any array of slots with an entry 0, which is the scratch of every swap.
-template<class Order>
+/// `Order` is any array of slots with an entry 0, which is the scratch of every swap. `TextOf` gives a
+/// reference to the text of a slot, and `Comparison` is -1, 0 or 1.
+template<class Order, class TextOf, class Comparison>
 class PlainSort {
 public:
-    using TextOf = std::function<const std::string&(std::int32_t slot)>;
-    using Comparison = std::function<int(const std::string&, const std::string&)>; ///< -1, 0 or 1.
-
     PlainSort(Order& order, bool ascending, TextOf textOf, Comparison compare)
         : order_(order), direction_(ascending ? 1 : -1), textOf_(std::move(textOf)),
           compare_(std::move(compare)) {}

@@ -248,7 +248,7 @@ void PropertyListModel::BuiltList() {
     const auto textOf = [&](std::int32_t slot) -> const std::string& {
         return texts[static_cast<std::size_t>(slot)];
     };
-    if (Sorted) PlainSort<std::vector<std::int32_t>>(order, true, textOf, CompareBytes).Sort(1, n);
+    if (Sorted) PlainSort(order, true, textOf, CompareBytes).Sort(1, n);
     order.erase(order.begin());
 
     Count = 0;

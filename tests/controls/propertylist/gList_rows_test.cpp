@@ -179,7 +179,7 @@ TEST(gListRows, EqualCaptionsStandInTheOrderThatTheStepsOfTheSortGive) {
             order.push_back(slot);
             at.list->AddItem(Captioned(List::Value(""), captions.back()));
         }
-        PlainSort<std::vector<std::int32_t>> plain(
+        PlainSort plain(
             order, true,
             [&](std::int32_t slot) -> const std::string& { return captions[static_cast<std::size_t>(slot)]; },
             CompareBytes);

@@ -178,7 +178,7 @@ TEST(gListText, TheSortTakesFreeSlotsIntoAccountAndTheTextLeavesThemOut) {
     }
     at.list->events.EnumItems = [](elistdata& x, std::int32_t) { x.bDelete = x.hItem.ItemData % 4 == 0; };
     at.list->ReqEnumItems(0);
-    PlainSort<std::vector<std::int32_t>> plain(
+    PlainSort plain(
         order, true,
         [&](std::int32_t slot) -> const std::string& { return captions[static_cast<std::size_t>(slot)]; },
         CompareBytes);

@@ -58,7 +58,7 @@ protected:
     }
     std::vector<std::int32_t> ByTheSteps(std::int32_t low, std::int32_t high, bool ascending, bool binary) {
         Numbers sorted = order;
-        PlainSort<Numbers> plain(
+        PlainSort plain(
             sorted, ascending, [this](std::int32_t entry) -> const std::string& { return texts[entry]; },
             binary ? CompareBytes : CompareWithoutCase);
         plain.Sort(low, high);
