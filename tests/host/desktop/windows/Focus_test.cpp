@@ -201,6 +201,19 @@ TEST_F(Focus, AnotherProgramTakesItAndTheFormGivesItBack) {
     EXPECT_THAT(TakeLog(), ElementsAre("b EnterFocus", "b GotFocus"));
 }
 
+TEST_F(Focus, GivenWhileAnotherProgramIsInFrontItComesWithTheReturn) {
+    desktop.Focus(*all[1]);
+    desktop.desktop().Input().Activate(0);
+    desktop.Pump();
+    TakeLog();
+    desktop.Focus(*all[2]);
+    EXPECT_EQ(host::platform().GetFocus(), 0);
+    EXPECT_THAT(TakeLog(), IsEmpty());
+    desktop.desktop().Input().Activate(desktop.form().hWnd());
+    desktop.Pump();
+    EXPECT_THAT(TakeLog(), ElementsAre("c EnterFocus", "c GotFocus"));
+}
+
 TEST_F(Focus, EachFormRemembersItsOwn) {
     desktop.Focus(*all[2]);
     auto& other = desktop.desktop().AddForm("Other", 100, 100);

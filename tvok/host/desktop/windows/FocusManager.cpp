@@ -13,13 +13,13 @@ host::Handle FocusManager::Focus(host::Handle hWnd) {
     const host::Handle before = focus_;
     Window* window = world_.windows.Find(hWnd);
     if (before == hWnd || (hWnd != 0 && !window)) return before;
+    FormWindow* const form = window ? world_.FormOf(*window) : nullptr;
+    if (form) form->RememberFocus(hWnd);
+    if (form && !active_) return before; // another program is in front, and stays: it comes with the return
     const World::Running running(world_);
     FirstError failed; // what one handler throws keeps no other from hearing of the focus
     focus_ = hWnd;
-    if (FormWindow* form = window ? world_.FormOf(*window) : nullptr) {
-        form->RememberFocus(hWnd);
-        if (form != active_) failed.Try([&] { Activate(form); });
-    }
+    if (form && form != active_) failed.Try([&] { Activate(form); });
     if (before != 0 && focus_ == hWnd)
         failed.Try([&] { world_.Send({before, host::WM_KILLFOCUS, hWnd, 0}); });
     if (focus_ == hWnd && LeaveAndEnter(hWnd, failed) && hWnd != 0)

@@ -28,7 +28,8 @@ public:
     host::Handle focus() const { return focus_; }
     /// WM_KILLFOCUS to the old window, leave and enter to the components in between, WM_SETFOCUS to the new
     /// one. Where one of these moves the focus again, the rest is not sent. Where one throws, the rest is
-    /// sent first. Gives the window before. A window of a form makes that form the active one.
+    /// sent first. Gives the window before. A window of a form makes that form the active one; while another
+    /// program is active it is only remembered, and gets the focus when the user comes back to its form.
     host::Handle Focus(host::Handle hWnd);
 
     host::Handle capture() const { return capture_; }
