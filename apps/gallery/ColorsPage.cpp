@@ -38,7 +38,7 @@ constexpr std::array<UseOfColor, ColorsPage::UseCount> Uses{{
 ColorsPage::ColorsPage(tvok::Desktop& desktop, tvok::Form& form)
     : ColorsPage(desktop, form, LoadCollection()) {}
 
-ColorsPage::ColorsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collection)
+ColorsPage::ColorsPage(tvok::Desktop& desktop, tvok::Form& form, const Collection& collection)
     : desktop_(desktop), form_(form), list_(form.Add<tvok::qRoster>("colors.list", {})) {
     for (std::size_t use = 0; use < UseCount; ++use) {
         auto& selector = form.Add<tvok::ucColorSelector>("colors." + std::to_string(use + 1), {});

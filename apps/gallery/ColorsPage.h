@@ -21,7 +21,7 @@ public:
     static constexpr std::size_t UseCount = 5;
 
     ColorsPage(tvok::Desktop& desktop, tvok::Form& form); ///< Of what this machine has.
-    ColorsPage(tvok::Desktop& desktop, tvok::Form& form, Collection collection);
+    ColorsPage(tvok::Desktop& desktop, tvok::Form& form, const Collection& collection);
     void Layout(const tvok::tvok_Rect& area) override;
     void Paint(tvok::host::Handle hDC) override;
     bool IsLive() const override { return true; }

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # usage: colors.sh GALLERY PIXEL
 # A colour selector in a real X server under a window manager, with real pointer and key events, on the gallery's page
-# of colours: a colour is chosen by press and drag, one is cancelled by Esc, one comes from the system's colours by
-# keys, and one from the colour dialog. The list beside it follows all the while. Looks at the pixels on the screen.
+# of colours: a colour is chosen by press and drag, others are cancelled by Esc, by a press outside and by another
+# program, one comes from the system's colours by keys, and one from the colour dialog. The list beside it follows all the while. Looks at the pixels on the screen.
 set -euo pipefail
 gallery="$1"
 pixel="$2"
@@ -44,6 +44,7 @@ click_on() {
     xdotool mouseup 1
 }
 shows() { [ "$(swatch $background)" = "$1" ] && [ "$(row)" = "$1" ]; }
+shows_swatch() { [ "$(swatch $background)" = "$1" ]; } # where another window covers the list
 now() { echo "the swatch is $(swatch $background) and the row $(row)"; }
 
 # Pressed, dragged into the grid and let go: swatch and list follow, and the colour stays.
@@ -80,6 +81,36 @@ for end in Escape outside; do
     until_true 20 shows "$chosen" || fail "after $end $(now), not $chosen"
 done
 
+# Another program that comes to the front closes it as well, and stays there.
+"$gallery" --theme dark --page labels >"$folder/other.log" 2>&1 &
+other=$!
+children+=("$other")
+find_other() { other_window="$(xdotool search --onlyvisible --name '^tvok gallery$' 2>/dev/null | grep -v "^$window$")"; }
+until_true 60 find_other || fail "no second window came up"
+xdotool windowmove "$other_window" 700 300
+settle
+active() { [ "$(xdotool getactivewindow 2>/dev/null)" = "$1" ]; }
+activate() {
+    xdotool windowactivate "$1"
+    until_true 20 active "$1" || fail "the window $1 did not come to the front"
+    settle
+}
+activate "$window"
+click_on $first_arrow $background
+look_at_grid
+to_cell 5 8
+color="$(cell_color 5 8)"
+until_true 20 shows "$color" || fail "without a button $(now)"
+activate "$other_window"
+closed "after another program came to the front"
+until_true 20 shows_swatch "$chosen" || fail "after another program came to the front $(now), not $chosen"
+active "$other_window" || fail "the other program did not stay in front"
+kill "$other"
+other_gone() { ! kill -0 "$other" 2>/dev/null; }
+until_true 20 other_gone || fail "the second gallery did not end"
+activate "$window"
+until_true 20 shows "$chosen" || fail "back in front $(now), not $chosen"
+
 # The system's colours by keys: a letter finds the first that begins with it, and Enter takes it.
 before="$(selected_row)"
 [ "$(swatch $selected)" = "$before" ] || fail "the selected row is $before, its selector $(swatch $selected)"
@@ -102,15 +133,13 @@ no_dialog() { ! find_dialog; }
 open_dialog() {
     click_on $dots $background
     until_true 20 find_dialog || fail "no dialog came up"
-    xdotool windowactivate --sync "$dialog"
-    settle
+    activate "$dialog"
 }
 open_dialog
 xdotool key --clearmodifiers Escape
 until_true 20 no_dialog || fail "Esc did not close the dialog"
 until_true 20 shows "$chosen" || fail "after a cancelled dialog $(now), not $chosen"
-xdotool windowactivate --sync "$window"
-settle
+activate "$window"
 open_dialog
 # Its basic colours begin at 8, 26 with cells of 24 x 22: red is the first of the third row.
 report="$(xwininfo -id "$dialog")"
@@ -122,7 +151,6 @@ xdotool key --clearmodifiers Return
 until_true 20 no_dialog || fail "Enter did not close the dialog"
 until_true 20 shows FF0000 || fail "after the dialog $(now)"
 
-xdotool windowactivate --sync "$window"
-settle
+activate "$window"
 close_window
 echo "chose colours by drag, keys and dialog, and took them back by Esc and a press outside"

@@ -274,6 +274,12 @@ TEST(ucColorSelectorDesktop, AnotherProgramThatComesToTheFrontCancels) {
     EXPECT_FALSE(at.IsOpen());
     EXPECT_EQ(at.selector->SelectColor(), SelectorDesktop::cFirst);
     EXPECT_EQ(at.Swatch(), cScreenBlue);
+    EXPECT_EQ(host::platform().GetFocus(), 0) << "it does not push itself to the front";
+    EXPECT_FALSE(at.ShowsFocus());
+    at.desktop.desktop().Input().Activate(at.desktop.form().hWnd());
+    at.desktop.Pump();
+    EXPECT_EQ(host::platform().GetFocus(), at.OwnWindow());
+    EXPECT_TRUE(at.ShowsFocus());
 }
 
 TEST(ucColorSelectorDesktop, ArrowKeysPreviewInTheGridAndEnterTakes) {

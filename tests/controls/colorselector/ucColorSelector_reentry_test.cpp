@@ -13,7 +13,7 @@ namespace {
 /// Calls `act` at the end of each platform call of a name; the line of a call begins with it.
 class AtCalls {
 public:
-    AtCalls(TestDesktop& desktop, std::string name, std::function<void()> act)
+    AtCalls(TestDesktop& desktop, const std::string& name, const std::function<void()>& act)
         : desktop_(desktop.desktop()), recorder_(desktop_.OwnPlatform(), [name, act](std::string_view line) {
               if (line.starts_with(name)) act();
           }) {

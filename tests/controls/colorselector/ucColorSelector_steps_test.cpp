@@ -23,7 +23,7 @@ struct Pressed : FakeSelector {
     bool Opened() { return !log().Named("DoEvents").empty(); }
     /// What `look` sees when the popup is told where to hang from.
     void AtParent(std::function<void()> look) {
-        log().onCall = [this, act = std::move(look), rects = 0](const std::string& name) mutable {
+        log().onCall = [act = std::move(look), rects = 0](const std::string& name) mutable {
             if (name == "GetWindowRect" && rects++ == 0) act();
         };
     }
@@ -303,6 +303,7 @@ TEST(ucColorSelectorSteps, EndedByTheFocusItTouchesNothingMore) {
     };
     EXPECT_NO_THROW(fake.Close(true));
     EXPECT_THAT(fake.log().All(), IsEmpty());
+    EXPECT_EQ(fake.selector.SelectColor(), 255);
 }
 
 TEST(ucColorSelectorSteps, EndedWhileThePopupFillsOrOpensItTouchesNothingMore) {
@@ -321,6 +322,7 @@ TEST(ucColorSelectorSteps, EndedWhileThePopupFillsOrOpensItTouchesNothingMore) {
         };
         EXPECT_NO_THROW(fake.Press("b")) << moment;
         EXPECT_TRUE(ended) << moment;
+        EXPECT_EQ(fake.Opened(), std::string(moment) == "DoEvents") << "a popup without a control stays shut";
         fake.log().onCall = nullptr;
         fake.log().Clear();
         EXPECT_NO_THROW(fake.Close(true));

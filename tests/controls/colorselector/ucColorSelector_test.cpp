@@ -51,10 +51,12 @@ TEST(ucColorSelector, ColoursTheTextOfItsComponentBeforeTheFirstPaint) {
 }
 
 TEST(ucColorSelector, PlacesAStripOfTwoArrowsAndDotsAndAHiddenPopup) {
-    FakeSelector fake;
-    EXPECT_EQ(fake.component.strip().ButtonSettingsStr(), "b|a|2|b|b|2|...|c|0");
-    EXPECT_FALSE(fake.component.children.at("xPopup1")->Visible());
-    EXPECT_EQ(fake.component.children.size(), 2U);
+    for (const bool userMode : {true, false}) {
+        FakeSelector fake(userMode);
+        EXPECT_EQ(fake.component.strip().ButtonSettingsStr(), "b|a|2|b|b|2|...|c|0");
+        EXPECT_FALSE(fake.component.children.at("xPopup1")->Visible());
+        EXPECT_EQ(fake.component.children.size(), 2U);
+    }
 }
 
 TEST(ucColorSelector, NeedsAForm) {

@@ -23,10 +23,12 @@ public:
     struct Events {};
     Events events; ///< None.
 
-    // Colour. Writes that repaint do so at once, also at design time; all but the first need a form.
+    // Colour. Writes that repaint do so at once, also at design time, and throw `ObjectError` without a form.
 
-    OLE_COLOR SelectColor() const;     ///< Default 0, black.
-    void SelectColor(OLE_COLOR color); ///< Describes it anew and repaints.
+    OLE_COLOR SelectColor() const; ///< Default 0, black.
+    /// Describes the colour and repaints. One from the dialog comes without: the description is still that of
+    /// the colour before, until one is written or comes from a popup.
+    void SelectColor(OLE_COLOR color);
     OLE_COLOR borderColor() const;     ///< Of the swatch's edge, default 0.
     void borderColor(OLE_COLOR color); ///< Shows with the next paint.
 
@@ -39,8 +41,8 @@ public:
     OLE_COLOR BackColor() const;
     void BackColor(OLE_COLOR color); ///< The component's. Default window background. Repaints.
     std::int32_t BorderStyle() const;
-    void
-    BorderStyle(std::int32_t style);   ///< The component's. Default 1. What it refuses is ignored. Repaints.
+    /// The component's. Default 1. What it refuses is ignored. Repaints.
+    void BorderStyle(std::int32_t style);
     host::FontPtr Font() const;        ///< Of the description: the component's own object.
     void Font(const host::Font& font); ///< Repaints.
     bool FontTransparent() const;
