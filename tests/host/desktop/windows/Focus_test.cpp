@@ -131,6 +131,22 @@ TEST_F(Focus, GoesOnWhenItsOwnerIsHiddenOrRemoved) {
     EXPECT_TRUE(HasFocus(*all[1]));
 }
 
+TEST_F(Focus, GoesToTheOwnerOfAPartThatIsHidden) {
+    Recorder child;
+    Join(child, "child");
+    host::Component& part = all[1]->component->AddChild(child, "inner", {5, 5, 30, 30}, nullptr);
+    part.SetFocus();
+    TakeLog();
+    part.Visible(false);
+    EXPECT_TRUE(HasFocus(*all[1]));
+    EXPECT_THAT(TakeLog(), ElementsAre("child LostFocus", "child ExitFocus", "b GotFocus"));
+    part.Visible(true);
+    part.SetFocus();
+    desktop.form().ComponentOf(*all[1]).Visible(false);
+    EXPECT_TRUE(HasFocus(*all[0])) << "one that is hidden with its part has none";
+    all[1]->component->RemoveChild(child);
+}
+
 TEST_F(Focus, IsLostLikeAnyOtherTimeByAControlThatIsRemoved) {
     const auto hook = host::services().CreateWindowHook();
     hook->RtMsg = [&](std::int32_t message, auto&&...) { log.push_back("hook " + std::to_string(message)); };

@@ -112,6 +112,12 @@ void FocusManager::WindowHidden(const Window& window) {
     const Window* focused = world_.windows.Find(focus_);
     if (!focused || !focused->IsInside(window)) return;
     FormWindow* form = world_.FormOf(window);
+    const Window* parent = window.parent();
+    // A part of a component leaves it to the component; a component leaves it to the form's others.
+    if (form && parent && parent != &form->window() && parent->IsVisible()) {
+        Focus(parent->handle());
+        return;
+    }
     Focus(form && &form->window() != &window ? form->WantedFocus() : 0);
 }
 
