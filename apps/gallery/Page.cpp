@@ -7,6 +7,7 @@
 #include "apps/gallery/LabelsPage.h"
 #include "apps/gallery/ListsPage.h"
 #include "apps/gallery/PopupsPage.h"
+#include "apps/gallery/PropertiesPage.h"
 
 namespace gallery {
 
@@ -32,6 +33,8 @@ const std::vector<PageEntry>& Pages() {
         {"popups", "Popups", Icon::Picture, "lists and palettes that drop out of the form", Make<PopupsPage>},
         {"colors", "Colors", Icon::Cylinder, "selectors for the colours of a list that follows",
          Make<ColorsPage>},
+        {"properties", "Properties", Icon::Gear, "a property list over the live controls beside it",
+         Make<PropertiesPage>},
     };
     return pages;
 }

@@ -8,7 +8,7 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
 output="$("$gallery" --headless pictures/new --trace calls.txt)"
-[[ "$output" == *"111 pictures are in pictures/new"* ]] || { echo "said: $output"; exit 1; }
+[[ "$output" == *"147 pictures are in pictures/new"* ]] || { echo "said: $output"; exit 1; }
 for theme in classic dark contrast; do
     for name in lists-@ lists-@-scrolled lists-@-selected lists-@-resized \
         feed-@ feed-@-scrolled feed-@-waiting feed-@-turned feed-@-resized \
@@ -17,7 +17,10 @@ for theme in classic dark contrast; do
         buttons-@ buttons-@-held buttons-@-edited \
         popups-@ popups-@-8x2 popups-@-8x8 popups-@-16x8 popups-@-24x8 popups-@-24x10 popups-@-system \
         popups-@-numbers popups-@-stored popups-@-million \
-        colors-@ colors-@-focused colors-@-preview colors-@-chosen colors-@-system colors-@-cancelled; do
+        colors-@ colors-@-focused colors-@-preview colors-@-chosen colors-@-system colors-@-cancelled \
+        properties-@ properties-@-selected properties-@-checked properties-@-edited properties-@-colors \
+        properties-@-numbers properties-@-choices properties-@-folded properties-@-flat properties-@-unsorted \
+        properties-@-restored properties-@-scrolled; do
         file="pictures/new/${name/@/$theme}.png"
         [ "$(head -c 8 "$file" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] || { echo "$file is no PNG"; exit 1; }
     done
