@@ -330,5 +330,77 @@ TEST(ucColorSelectorSteps, EndedWhileThePopupFillsOrOpensItTouchesNothingMore) {
     }
 }
 
+TEST(ucColorSelectorSteps, TheDialogsColourStandsBeforeTheFocusComes) {
+    FakeSelector fake;
+    fake.services.answer = 0x123456;
+    std::vector<OLE_COLOR> atFocus;
+    bool showsFocus = false;
+    fake.component.onFocus = [&] {
+        atFocus.push_back(fake.selector.SelectColor());
+        showsFocus = fake.ShowsFocus();
+    };
+    fake.Click("c");
+    EXPECT_THAT(atFocus, ElementsAre(0x123456));
+    EXPECT_TRUE(showsFocus) << "the dialog counts as closed by then";
+}
+
+TEST(ucColorSelectorSteps, TheDialogsAnswerWinsOverAColourWrittenMeanwhile) {
+    FakeSelector fake;
+    fake.services.answer = 0x123456;
+    fake.services.onDialog = [&] { fake.selector.SelectColor(255); };
+    fake.Click("c");
+    EXPECT_EQ(fake.selector.SelectColor(), 0x123456);
+    fake.TakePaints();
+    fake.selector.Paint();
+    EXPECT_THAT(fake.TakePaints(), ElementsAre("(&H000000FF)"))
+        << "the description is that of the last write";
+}
+
+TEST(ucColorSelectorSteps, AColourWrittenWhileThePopupIsOpenStaysWhenItIsAccepted) {
+    FakeSelector fake;
+    fake.Press("a");
+    fake.Preview(0x0000FF);
+    fake.selector.SelectColor(0x123456);
+    fake.Close(false);
+    EXPECT_EQ(fake.selector.SelectColor(), 0x123456);
+}
+
+TEST(ucColorSelectorSteps, TheBackgroundIsTheComponentsOwn) {
+    FakeSelector fake;
+    for (const OLE_COLOR color : {0x00FF00, 0x123456}) {
+        fake.component.BackColor(color); // past the selector
+        fake.log().Clear();
+        fake.selector.Paint();
+        const auto brushes = fake.log().Named("CreateSolidBrush");
+        ASSERT_FALSE(brushes.empty());
+        EXPECT_EQ(brushes.front().values[0], color);
+        EXPECT_EQ(fake.selector.BackColor(), color);
+    }
+}
+
+TEST(ucColorSelectorSteps, ASecondLifeBeginsAsTheFirst) {
+    for (const bool userMode : {true, false}) {
+        FakeSelector fake;
+        fake.selector.SelectColor(255);
+        fake.selector.borderColor(1);
+        fake.selector.ForeColor(2);
+        fake.Press("a"); // a popup is open at the end
+        fake.selector.Terminate();
+        fake.component.ambient.userMode = userMode;
+        fake.selector.Initialize(fake.component);
+        fake.selector.Resize();
+        EXPECT_EQ(fake.selector.SelectColor(), 0);
+        EXPECT_EQ(fake.selector.borderColor(), 0);
+        EXPECT_EQ(fake.selector.ForeColor(), 0);
+        fake.TakePaints();
+        fake.selector.GotFocus();
+        EXPECT_THAT(fake.TakePaints(), ElementsAre(""));
+        fake.component.SetFocus();
+        EXPECT_EQ(fake.ShowsFocus(), userMode);
+        fake.Press("a");
+        EXPECT_EQ(fake.component.popup().Count() > 0, userMode) << "in a designer the buttons do nothing";
+    }
+}
+
 } // namespace
 } // namespace tvok::test

@@ -172,9 +172,12 @@ void ucColorSelector::xbutton1_MouseDown(const std::string& key) {
     if (!grid && key != cSystemColorsKey) return;
     popupOpen_ = true;
     PaintSelector();
-    grid ? FillWithGrid() : FillWithSystemColors();
+    if (grid)
+        FillWithGrid();
+    else
+        FillWithSystemColors();
     if (!IsUp()) return;
-    xPopup1_.ListIndex(0); // without effect: no colour is current in a popup that was just filled
+    xPopup1_.ListIndex(0); // without effect: the popup takes no index below 1
     xPopup1_.Popup();
 }
 
@@ -191,7 +194,7 @@ void ucColorSelector::FillWithSystemColors() {
     if (IsUp()) xPopup1_.CalTextWidth();
 }
 
-/// What was accepted is applied already: it was the last `Change`.
+/// What was accepted is applied already, by the last `Change`. A colour that a host wrote since then stays.
 void ucColorSelector::xPopup1_Click(bool canceled) {
     quietly([&] { popupOpen_ = false; }, [&] { Base().SetFocus(); },
             [&] {
@@ -234,17 +237,18 @@ void ucColorSelector::Initialize(host::Component& component) {
     AddChildren();
 }
 
-/// They are loaded from settings of their own at design time, too, as whoever placed them left them. The size
-/// follows with the first `Resize`.
+/// The children load fixed settings, also at design time: the strip has its three buttons there, too. The
+/// size follows with the first `Resize`. Only at run time they are listened to: a popup without hooks would
+/// stay open.
 void ucColorSelector::AddChildren() {
     host::MemoryBag settings;
     Base().AddChild(xPopup1_, "xPopup1", {}, &settings).Visible(false); // no placeholder, also in a designer
     settings.Put("ButtonSettingsStr", std::string(cButtons));
     strip_ = &Base().AddChild(xbutton1_, "xbutton1", {}, &settings);
-    if (Base().Ambient().UserMode()) Hear();
+    if (Base().Ambient().UserMode()) ConnectChildren();
 }
 
-void ucColorSelector::Hear() {
+void ucColorSelector::ConnectChildren() {
     xbutton1_.events.MouseDown = [this](const std::string& key) { xbutton1_MouseDown(key); };
     xbutton1_.events.Click = [this](const std::string& key) { xbutton1_Click(key); };
     xPopup1_.events.Change = [this](std::int32_t, qrosterdata& item) { ApplyColor(item.IconBackColor); };
@@ -256,6 +260,10 @@ void ucColorSelector::Terminate() {
     strip_ = nullptr;
     if (base == nullptr) return;
     quietly([&] { base->RemoveChild(xbutton1_); }, [&] { base->RemoveChild(xPopup1_); });
+    xbutton1_.events.MouseDown = nullptr; // the next start may be in a designer
+    xbutton1_.events.Click = nullptr;
+    xPopup1_.events.Change = nullptr;
+    xPopup1_.events.Click = nullptr;
 }
 
 } // namespace tvok

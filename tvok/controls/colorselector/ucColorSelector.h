@@ -71,7 +71,7 @@ private:
 
     // The children.
     void AddChildren();
-    void Hear();
+    void ConnectChildren();
     void xbutton1_MouseDown(const std::string& key);
     void xbutton1_Click(const std::string& key);
     void xPopup1_Click(bool canceled);
