@@ -29,7 +29,7 @@ bool IsForRows(std::int16_t code) {
 
 RowEditors::RowEditors(tvok::Form& form, tvok::gList& list, tvok::TextBox& text, CheckBox& check,
                        EditedRows& rows)
-    : form_(form), list_(list), text_(text), check_(check), rows_(rows),
+    : form_(form), list_(list), text_(text), check_(check), rows_(rows), window_(list.hwnd()),
       keys_(services().CreateWindowHook()) {
     form_.ComponentOf(text_).BorderStyle(0);
     HearList();
@@ -38,7 +38,7 @@ RowEditors::RowEditors(tvok::Form& form, tvok::gList& list, tvok::TextBox& text,
     // before either gets them. A popup's keys come to it first, since it hears them from later on.
     keys_->RtMsg = [this](std::int32_t, std::int32_t key, std::int32_t word, std::int32_t&, bool& pass) {
         if (word < 0 || !FocusIsInList()) return; // a key that goes up has the sign bit
-        if (platform().GetFocus() != list_.hwnd()) FocusList();
+        if (platform().GetFocus() != window_) FocusList();
         pass = !ListKey(key);
     };
     std::int32_t kind = 3;
@@ -136,7 +136,7 @@ void RowEditors::Place(const std::string& key, const tvok::tvok_Rect& twips) {
         return tvok::dgi::TwipsToPixels(static_cast<float>(length), screen.TwipsPerPixelY());
     };
     Point corner{across(twips.Left), down(twips.Top)};
-    platform().ClientToScreen(list_.hwnd(), corner);
+    platform().ClientToScreen(window_, corner);
     platform().ScreenToClient(form_.hWnd(), corner);
     form_.Place(EditorOf(key), {corner.x, corner.y, across(twips.Right), down(twips.bottom)});
 }
@@ -179,7 +179,7 @@ void RowEditors::Hide() {
 
 bool RowEditors::FocusIsInList() const {
     const Handle focus = platform().GetFocus();
-    return focus != 0 && (focus == list_.hwnd() || platform().GetParent(focus) == list_.hwnd());
+    return focus != 0 && (focus == window_ || platform().GetParent(focus) == window_);
 }
 
 void RowEditors::FocusList() {

@@ -61,8 +61,9 @@ private:
     tvok::TextBox& text_;
     CheckBox& check_;
     EditedRows& rows_;
-    std::string key_;    // of the row whose value is in the editor
-    std::string before_; // that value as a text
+    tvok::host::Handle window_; // the list's, also when that has ended and keys still come
+    std::string key_;           // of the row whose value is in the editor
+    std::string before_;        // that value as a text
     bool hiding_ = false;
     std::shared_ptr<tvok::host::WindowHook> keys_;
 };

@@ -16,7 +16,7 @@ using tvok::Variant;
 
 namespace {
 
-constexpr std::int32_t AnyRow = 100'000; ///< Beyond every list of the gallery that has a current row.
+constexpr std::int32_t MostRows = 1'000'000;
 constexpr std::int32_t MostPixels = 200;
 
 /// Collects the properties of one control. After each write the control shows what only is stored otherwise.
@@ -263,7 +263,7 @@ PropertyGroup PropertiesOf(tvok::qRoster& list) {
     table.Choice("MultiSelect", ValueList::Selections, &qRoster::MultiSelect, &qRoster::MultiSelect);
     table.Choice("SortedMode", ValueList::Orders, &qRoster::SortedMode, &qRoster::SortedMode);
     table.Truth("HotTrack", &qRoster::HotTrack, &qRoster::HotTrack);
-    table.Steps("ListIndex", &qRoster::ListIndex, &qRoster::ListIndex, 1, AnyRow);
+    table.Steps("ListIndex", &qRoster::ListIndex, &qRoster::ListIndex, 1, MostRows);
     table.Text("TmpKey", &qRoster::TmpKey, &qRoster::TmpKey);
     table.Font();
     return {"roster", "Flat list", table.Take()};
@@ -277,8 +277,8 @@ PropertyGroup PropertiesOf(tvok::qRosterex& list) {
     table.Steps("HeaderHeight", &qRosterex::HeaderHeight, &qRosterex::HeaderHeight, 0, 60);
     table.Choice("HeaderFlag", ValueList::Styles, &qRosterex::HeaderFlag, &qRosterex::HeaderFlag);
     table.Text("HeaderWidths", &qRosterex::HeaderWidths, &qRosterex::HeaderWidths);
-    table.Number("Count", &qRosterex::Count, &qRosterex::Count, 0, 1'000'000);
-    table.Steps("ListIndex", &qRosterex::ListIndex, &qRosterex::ListIndex, 1, AnyRow);
+    table.Number("Count", &qRosterex::Count, &qRosterex::Count, 0, MostRows);
+    table.Steps("ListIndex", &qRosterex::ListIndex, &qRosterex::ListIndex, 1, MostRows);
     table.Choice("MultiSelect", ValueList::Selections, &qRosterex::MultiSelect, &qRosterex::MultiSelect);
     table.Truth("HotTrack", &qRosterex::HotTrack, &qRosterex::HotTrack);
     table.Truth("KeySeek", &qRosterex::KeySeek, &qRosterex::KeySeek);

@@ -5,8 +5,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
+#include "apps/gallery/Window.h"
 #include "tests/support/TestDesktop.h"
 #include "tvok/host/Services.h"
 
@@ -538,6 +540,56 @@ TEST_F(PropertiesPageTest, RestoringBringsBackValuesFoldsAndSettings) {
             EXPECT_EQ(page_.list().GetData(key), property->get()) << key;
         }
     }
+}
+
+TEST_F(PropertiesPageTest, AFlatListIsRestoredAsOne) {
+    page_.switches().Flip(PropertiesPage::Groups);
+    page_.switches().Flip(PropertiesPage::Save);
+    const std::vector<std::string> rows = Rows();
+    page_.switches().Flip(PropertiesPage::Groups);
+    page_.switches().Flip(PropertiesPage::Restore);
+    EXPECT_FALSE(page_.properties().IsGrouped());
+    EXPECT_EQ(Rows(), rows);
+}
+
+// In the gallery's window.
+
+TEST(PropertiesPageInTheWindow, AnotherPageTakesTheTextAndHidesTheEditors) {
+    tvok::test::TestDesktop desktop;
+    const auto window = Window::Open(desktop.desktop(), "properties");
+    auto& page = dynamic_cast<PropertiesPage&>(window->page());
+    const auto shows = [&](const Control& control) { return window->form().ComponentOf(control).Visible(); };
+    desktop.Pump();
+    window->form().ComponentOf(page.list()).SetFocus();
+    page.list().ShowItem("label.Caption");
+    EXPECT_TRUE(shows(page.text()));
+    EXPECT_FALSE(shows(page.check()));
+    desktop.Type("typed");
+    window->pages().ListIndex(1);
+    desktop.Pump();
+    EXPECT_EQ(page.label().Caption(), "typed");
+    EXPECT_FALSE(shows(page.list()));
+    EXPECT_FALSE(shows(page.text()));
+    EXPECT_FALSE(shows(page.check()));
+    const auto named = [](const PageEntry& entry) { return std::string(entry.name) == "properties"; };
+    const auto place = std::ranges::find_if(Pages(), named) - Pages().begin();
+    window->pages().ListIndex(static_cast<std::int32_t>(place) + 1);
+    EXPECT_EQ(&window->page(), &page);
+    EXPECT_TRUE(shows(page.text()));
+    EXPECT_FALSE(shows(page.check())) << "a row has one editor";
+    EXPECT_EQ(page.text().Text(), "typed");
+}
+
+TEST(PropertiesPageInTheWindow, KeysThatComeAfterItsEndGoPastIt) {
+    tvok::test::TestDesktop desktop;
+    const auto window = Window::Open(desktop.desktop(), "properties");
+    auto& page = dynamic_cast<PropertiesPage&>(window->page());
+    desktop.Pump();
+    window->form().ComponentOf(page.list()).SetFocus();
+    page.list().ShowItem("label.Caption");
+    desktop.Type("x");
+    window->form().Close();
+    EXPECT_NO_THROW(desktop.Type("y"));
 }
 
 } // namespace

@@ -7,9 +7,9 @@ namespace {
 using namespace host;
 
 /// One colour "a", current, with a button for the dialog at the end of its row.
-class ColorRow : public testing::Test {
+class gListDialog : public testing::Test {
 protected:
-    ColorRow() {
+    gListDialog() {
         list.BorderStyle(0);
         list.FixedHeight(false);
         elistdata item = PropertyListDesktop::Value("a", {}, "...|2|0;cs");
@@ -43,7 +43,7 @@ private:
     }
 };
 
-TEST_F(ColorRow, TakesTheColorThatIsAcceptedInTheDialog) {
+TEST_F(gListDialog, TakesTheColorThatIsAcceptedInTheDialog) {
     ClickButton([&](Form& dialog) {
         Point blue{5 * 24 + 12, 2 * 22 + 11};
         platform().ClientToScreen(dialog.ComponentOf(*dialog.Find("basic")).hWnd(), blue);
@@ -59,7 +59,7 @@ TEST_F(ColorRow, TakesTheColorThatIsAcceptedInTheDialog) {
     EXPECT_EQ(desktop.desktop().Forms().size(), 1u);
 }
 
-TEST_F(ColorRow, KeepsItsColorWhereTheDialogIsLeftByEsc) {
+TEST_F(gListDialog, KeepsItsColorWhereTheDialogIsLeftByEsc) {
     bool opened = false;
     int clicks = 0;
     list.events.ButtonClick = [&](const std::string&, elistdata& x) {
