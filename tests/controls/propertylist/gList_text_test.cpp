@@ -295,9 +295,9 @@ TEST(gListText, AnyNumberButZeroIsTrue) {
     EXPECT_TRUE(at.list->FixedHeight());
     EXPECT_TRUE(at.list->GridlineOnBorder());
     EXPECT_FALSE(at.list->Sorted());
-    Read(at, "4=x|6=0|28=0.6|");
+    Read(at, "4=x|6=0.4|28=0.6|");
     EXPECT_FALSE(at.list->FixedHeight());
-    EXPECT_FALSE(at.list->GridlineOnBorder());
+    EXPECT_FALSE(at.list->GridlineOnBorder()) << "rounded to a whole number first";
     EXPECT_TRUE(at.list->Sorted());
 }
 
