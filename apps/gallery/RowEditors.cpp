@@ -34,8 +34,15 @@ RowEditors::RowEditors(tvok::Form& form, tvok::gList& list, tvok::TextBox& text,
     form_.ComponentOf(text_).BorderStyle(0);
     HearList();
     HearEditors();
-    // The list tells of no keys, and its strip of buttons has the focus after a click on it: keys are heard
-    // before either gets them. A popup's keys come to it first, since it hears them from later on.
+    HearKeys();
+    HearWheel(wheels_[0], text_);
+    HearWheel(wheels_[1], check_);
+    Hide();
+}
+
+/// The list tells of no keys, and its strip of buttons has the focus after a click on it: keys are heard
+/// before either gets them. A popup's keys come to it first, since it hears them from later on.
+void RowEditors::HearKeys() {
     keys_->RtMsg = [this](std::int32_t, std::int32_t key, std::int32_t word, std::int32_t&, bool& pass) {
         if (word < 0 || !FocusIsInList()) return; // a key that goes up has the sign bit
         if (platform().GetFocus() != window_) FocusList();
@@ -45,7 +52,21 @@ RowEditors::RowEditors(tvok::Form& form, tvok::gList& list, tvok::TextBox& text,
     std::int32_t thread = services().ThreadID();
     bool flag = false;
     keys_->HookSet(kind, thread, flag);
-    Hide();
+}
+
+/// The wheel turns the list, also where the editor comes to lie under the pointer.
+void RowEditors::HearWheel(std::shared_ptr<WindowHook>& hook, const Control& editor) {
+    hook = services().CreateWindowHook();
+    hook->RtMsg = [this](std::int32_t message, std::int32_t wParam, std::int32_t lParam, std::int32_t&,
+                         bool& pass) {
+        if (message != WM_MOUSEWHEEL) return;
+        platform().PostMessageA(window_, message, wParam, lParam);
+        pass = false;
+    };
+    std::int32_t kind = 0;
+    std::int32_t window = form_.ComponentOf(editor).hWnd();
+    bool flag = false;
+    hook->HookSet(kind, window, flag);
 }
 
 void RowEditors::HearList() {

@@ -2,6 +2,7 @@
 /// that start and end editing.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -51,6 +52,8 @@ private:
     void HideEditor(tvok::host::Control& editor);
     void HearList();
     void HearEditors();
+    void HearKeys();
+    void HearWheel(std::shared_ptr<tvok::host::WindowHook>& hook, const tvok::host::Control& editor);
     void EditorKey(std::int16_t& code, std::int16_t& shift);
     bool ListKey(std::int32_t code);
     tvok::host::Control& EditorOf(const std::string& key) const;
@@ -66,6 +69,7 @@ private:
     std::string before_;        // that value as a text
     bool hiding_ = false;
     std::shared_ptr<tvok::host::WindowHook> keys_;
+    std::array<std::shared_ptr<tvok::host::WindowHook>, 2> wheels_; // of the editors
 };
 
 } // namespace gallery

@@ -277,6 +277,22 @@ TEST_F(PropertiesPageTest, ScrollingAwayHidesTheEditorAndBackItHoldsWhatWasTyped
     EXPECT_EQ(page_.roster().TabStopSettingStr(), "6");
 }
 
+TEST_F(PropertiesPageTest, TheWheelTurnsTheListAlsoOverAnEditor) {
+    for (const char* key : {"strip.ButtonSettingsStr", "strip.Font.Bold"}) {
+        ClickRow(key);
+        tvok::tvok_Rect place;
+        EXPECT_TRUE(page_.list().GetItemRect(page_.list().ListIndex(), place));
+        const auto& editor = page_.properties().Find(key)->kind == ValueKind::Truth
+                                 ? static_cast<const Control&>(page_.check())
+                                 : page_.text();
+        desktop_.MoveTo(editor, 30, 8);
+        desktop_.Wheel(-1);
+        tvok::tvok_Rect now;
+        EXPECT_FALSE(page_.list().GetItemRect(page_.list().ListIndex(), now) && now == place) << key;
+        desktop_.Wheel(1);
+    }
+}
+
 TEST_F(PropertiesPageTest, TheFirstRowThatTheFocusBringsHasItsEditor) {
     desktop_.Focus(page_.switches().list());
     desktop_.Focus(page_.list());
@@ -353,6 +369,26 @@ TEST_F(PropertiesPageTest, TheSystemColorsComeByName) {
     EXPECT_LT(page_.label().BackColor(), 0);
     EXPECT_NE(page_.label().BackColor(), tvok::cWindowBackground);
     EXPECT_EQ("(" + page_.text().Text() + ")", Value("label.BackColor"));
+}
+
+TEST_F(PropertiesPageTest, TheColorDialogGivesAColorOrLeavesTheOldOne) {
+    ClickRow("label.BackColor");
+    const tvok::OLE_COLOR before = page_.label().BackColor();
+    // The dialog runs until it is answered, so the answer waits behind the release that opens it.
+    const auto answer = [this](std::int32_t key) {
+        PressButton(1);
+        desktop_.desktop().Input().MouseUp(tvok::desktop::MouseButton::Left);
+        desktop_.desktop().Input().KeyDown(key);
+        desktop_.desktop().Input().KeyUp(key);
+        desktop_.Pump();
+    };
+    answer(VK_ESCAPE);
+    EXPECT_EQ(page_.label().BackColor(), before);
+    EXPECT_TRUE(HasFocus(page_.list()));
+    answer(VK_RETURN);
+    EXPECT_NE(page_.label().BackColor(), before);
+    EXPECT_EQ(Item("label.BackColor").nData, Variant(page_.label().BackColor()));
+    EXPECT_TRUE(HasFocus(page_.list()));
 }
 
 TEST_F(PropertiesPageTest, ThePopupKeepsOpenForTheKeyboardWhileTheButtonIsHeld) {
