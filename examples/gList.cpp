@@ -15,6 +15,7 @@ int main(int argc, char** argv) {
     auto& list = form.Add<tvok::gList>("list", {8, 8, 304, 204});
     auto& box = form.Add<tvok::TextBox>("box", {0, 0, 10, 10}); // the editor of the title's row
     auto& boxBase = form.ComponentOf(box);
+    boxBase.ZOrder(0); // in front of the list
     boxBase.Visible(false);
     list.ListMode(1); // groups
     const auto add = [&](const char* group, const char* key, const char* caption, const char* type,

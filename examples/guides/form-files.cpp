@@ -39,10 +39,10 @@ int main(int argc, char** argv) {
     made.Add<Lamp>("alarm", {8, 8, 24, 24}).color = 0x0000E0;
     made.Add<tvok::qRoster>("list", {40, 8, 172, 84}).ItemHeight(20);
     made.Save(file);
-    made.Close();
 
     auto& form = desktop.AddForm("", 100, 100); // the file brings caption and size
     form.Load(file);
+    made.Close(); // not before: the desktop is over when its last form closes
     auto* list = form.Find<tvok::qRoster>("list"); // events and items are the program's, not the file's
     auto* lamp = form.Find<Lamp>("alarm");
     if (!list || !lamp) return 1;
