@@ -3,7 +3,6 @@
 // the end.
 
 #include <string_view>
-
 #include <tvok/tvok.h>
 
 int main(int argc, char** argv) {

@@ -37,5 +37,5 @@ int main(int argc, char** argv) {
     std::printf("%zu operations\n", calls.size());
     for (const auto& [name, count] : calls) std::printf("%6d %s\n", count, name.c_str());
     if (headless) desktop.SaveForm(form, argv[2]);
-    return calls.contains("BeginPaint") && calls.contains("ExtTextOutA") && calls.size() < 40 ? 0 : 1;
+    return calls.size() == 26 ? 0 : 1; // one more or less, and the guide is wrong
 }
