@@ -12,8 +12,8 @@ int main(int argc, char** argv) {
     if (headless) options.display = tvok::DesktopOptions::Display::Headless;
     tvok::Desktop desktop(options);
 
-    auto& form = desktop.AddForm("Disks", 320, 112);
-    auto& list = form.Add<tvok::qRoster>("list", {8, 8, 304, 96});
+    auto& form = desktop.AddForm("Disks", 320, 116);
+    auto& list = form.Add<tvok::qRoster>("list", {8, 8, 304, 100});
     list.ItemHeight(22);
     list.CX_TEXT(0);
     const auto add = [&](const char* name, std::int32_t percent) {
