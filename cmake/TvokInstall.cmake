@@ -1,4 +1,6 @@
-# Libraries, public headers, the package config and the pkg-config files.
+# Libraries, public headers, the package config and the pkg-config files; apps/CMakeLists.txt installs the programs.
+# Each file belongs to a component, `runtime`, `development` or `tools`: cmake --install takes all of them, and each
+# becomes a Debian package.
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
@@ -12,13 +14,18 @@ if(TVOK_DESKTOP)
 endif()
 
 install(TARGETS ${tvok_installed_targets} EXPORT tvokTargets
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
-  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime NAMELINK_COMPONENT development
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
+  INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+
+# All below is for building programs.
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME development)
 install(EXPORT tvokTargets NAMESPACE tvok:: DESTINATION ${tvok_config_dir})
 
 # Public headers mirror the tree. The folders below host/desktop hold the desktop's insides, save its headers
 # for programs, which stand in host/desktop itself.
-install(FILES tvok/tvok.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok)
+install(FILES tvok/tvok.h tvok/version.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok)
 foreach(folder records engine controls)
   install(DIRECTORY tvok/${folder} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tvok FILES_MATCHING PATTERN "*.h"
     PATTERN "*_impl.h" EXCLUDE)
@@ -53,3 +60,4 @@ foreach(name ${tvok_pc_names})
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
 install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME Unspecified)
