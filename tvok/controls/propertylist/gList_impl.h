@@ -138,12 +138,12 @@ struct gList::Impl {
 
     // The strip and the popup (gList_popups.cpp).
     void ConnectChildren();
-    void StripMouseDown(const std::string& key);
+    void StripMouseDown(std::string_view key);
     void OpenColors(const std::string& key, const elistdata& record);
     void OpenNumbers(const std::string& key, const elistdata& record);
     void OpenList(const std::string& key, const elistdata& record, std::int32_t number, bool byNumber);
     void PlacePopup();
-    void StripClick(const std::string& key);
+    void StripClick(std::string_view key);
     void PopupClick(const qrosterdata& entry, bool canceled);
 
     // Text form (gList_text.cpp).

@@ -21,9 +21,9 @@ void gList::Impl::ConnectChildren() {
 }
 
 // Without a current row these work on the blank record, and the popup has no place of its own. That stays.
-void gList::Impl::StripMouseDown(const std::string& key) {
+void gList::Impl::StripMouseDown(std::string_view key) {
     if (!IsAlive()) return;
-    const std::string pressed = key; // a handler may change the strip
+    const std::string pressed(key); // a handler may change the strip
     elistdata copy = items[CurrentSlot()];
     const propertylist::ItemType type = ParseItemType(copy.xbuttons);
     if (type.kind == ItemKind::Color) OpenColors(pressed, copy);
@@ -88,9 +88,9 @@ void gList::Impl::PlacePopup() {
     xPopup1.SetParentRect(place);
 }
 
-void gList::Impl::StripClick(const std::string& key) {
+void gList::Impl::StripClick(std::string_view key) {
     if (!IsAlive()) return;
-    const std::string clicked = key;
+    const std::string clicked(key);
     const elistdata before = items[CurrentSlot()];
     if (ParseItemType(before.xbuttons).kind == ItemKind::Color && ScanNumber(clicked) == 2) {
         const std::int32_t color = host::services().ColorPicker().PickColor(state.hWnd);
