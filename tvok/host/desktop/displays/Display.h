@@ -23,6 +23,7 @@ struct DisplayWindow {
     bool popup = false; ///< Borderless, above the others, takes no focus and has no task bar entry.
     bool resizable = true;
     bool visible = false;
+    friend bool operator==(const DisplayWindow&, const DisplayWindow&) = default;
 };
 
 /// What a display tells the desktop. Calls come from `Display::Wait` only, on the desktop's thread.

@@ -90,6 +90,7 @@ public:
     void UpdateAll();
     bool NeedsPaint() const;
     void DrawFrames();
+    bool NeedsFrames() const; ///< Whether `DrawFrames` would draw.
     host::Handle BeginPaint(Window& window, host::PaintStruct& paint);
     void EndPaint(Window& window);
     bool Scroll(Window& window, host::Point by, const tvok_Rect* scroll, const tvok_Rect* clip,

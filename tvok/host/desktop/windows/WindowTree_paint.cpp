@@ -163,6 +163,12 @@ void WindowTree::DrawFrames() {
         });
 }
 
+bool WindowTree::NeedsFrames() const {
+    return !std::ranges::all_of(tops_, [](Window* top) {
+        return ForEach(*top, [](const Window& window) { return !window.frameDirty_; });
+    });
+}
+
 void WindowTree::DrawFrame(Window& window) {
     if (window.insets() == Insets{}) return;
     scratch_ = Region(window.outer_);

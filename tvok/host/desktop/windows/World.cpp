@@ -188,19 +188,32 @@ void World::Present() {
     for (Window* window : fromBack) Show(*window);
 }
 
+bool World::NeedsPresent() const {
+    return windows.NeedsFrames() || std::ranges::any_of(windows.tops(), [&](const Window* window) {
+               const TopLevel& top = *window->top();
+               if (!top.isOpen) return window->shown();
+               return Describe(*window) != top.told ||
+                      (window->shown() && (top.toRaise || !top.damage.IsEmpty()));
+           });
+}
+
+/// A top-level window as the display is to know it.
+DisplayWindow World::Describe(const Window& window) const {
+    const TopLevel& top = *window.top();
+    const FormWindow* form = FormOf(window);
+    return {window.handle(), window.rect(), top.caption, top.popup, form && form->resizable, window.shown()};
+}
+
 /// Tells the display what changed of a top-level window since it was told last.
 void World::Show(Window& window) {
     TopLevel& top = *window.top();
-    const FormWindow* form = FormOf(window);
-    DisplayWindow now{window.handle(), window.rect(),           top.caption,
-                      top.popup,       form && form->resizable, window.shown()};
+    DisplayWindow now = Describe(window);
     if (!top.isOpen) {
         if (!now.visible) return;
         display->Open(now);
         top.isOpen = true;
         top.damage.Add(window.outer());
-    } else if (now.rect != top.told.rect || now.caption != top.told.caption ||
-               now.visible != top.told.visible || now.resizable != top.told.resizable) {
+    } else if (now != top.told) {
         display->Change(now);
     }
     top.told = std::move(now);

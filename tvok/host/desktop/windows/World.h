@@ -83,6 +83,7 @@ public:
     void WindowHidden(const Window& window);
     /// Paints what has to be painted and gives the damage to the display.
     void Present();
+    bool NeedsPresent() const; ///< Whether that would tell the display anything, paints apart.
 
     host::Handle AddImages(ImageList images);
     const ImageList* Images(host::Handle handle) const;
@@ -103,6 +104,7 @@ public:
     std::vector<std::unique_ptr<Form>> forms;
 
 private:
+    DisplayWindow Describe(const Window& window) const;
     void Show(Window& window);
     void FreeBuried();
 
