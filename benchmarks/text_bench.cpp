@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/host/desktop/pixels/kernels.h"
 #include "tvok/host/desktop/text/TextEngine.h"
 

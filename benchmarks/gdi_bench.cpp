@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/host/desktop/gdi/DeviceContext.h"
 
 namespace tvok::bench {

@@ -13,8 +13,8 @@
 #include <utility>
 #include <vector>
 
-#include "bench/LargeListPage.h"
-#include "bench/ratios.h"
+#include "benchmarks/LargeListPage.h"
+#include "benchmarks/ratios.h"
 
 namespace tvok::bench {
 namespace {

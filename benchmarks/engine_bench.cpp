@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/engine/mtvok.h"
 #include "tvok/records/text.h"
 #include "tvok/tvok.h"

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <string>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/tvok.h"
 
 namespace tvok {

@@ -15,7 +15,7 @@
 #include <unistd.h>
 
 #include "apps/logview/Viewer.h"
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 
 namespace logview {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/tvok.h"
 
 namespace tvok {

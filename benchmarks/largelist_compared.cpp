@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "bench/LargeListPage.h"
+#include "benchmarks/LargeListPage.h"
 
 #include <bench.h>
 

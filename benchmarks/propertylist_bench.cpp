@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/tvok.h"
 

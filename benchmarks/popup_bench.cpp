@@ -9,7 +9,7 @@
 
 #include <malloc.h>
 
-#include "bench/ratios.h"
+#include "benchmarks/ratios.h"
 #include "tvok/tvok.h"
 
 namespace tvok::bench {
