@@ -4,9 +4,11 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "apps/gallery/Workbench.h"
 #include "apps/gallery/icons.h"
 #include "tvok/tvok.h"
 
@@ -31,6 +33,27 @@ public:
     /// A live page gets `Turn` some forty times a second while it is shown, with the time since the last one.
     virtual bool IsLive() const { return false; }
     virtual void Turn(std::chrono::milliseconds /*elapsed*/) {}
+    /// The theme changed: for colours that the page had translated or mixed and gave to its controls.
+    virtual void ThemeChanged() {}
+
+    // The workbench around the page. It calls these only while the page is shown, save `Attach`.
+
+    /// Comes once, after the page was made and before it is first shown, and only where there are panes. The
+    /// workbench outlives the page. By it the page says what the inspector shows, and that its controls are
+    /// others now.
+    virtual void Attach(Workbench& /*bench*/) {}
+    /// What the inspector offers to choose from. Without a list of its own, the page's controls on the
+    /// gallery's form. Asked after `Attach`, when the page is shown again, and after
+    /// `Workbench::SubjectsChanged`.
+    virtual std::optional<std::vector<Subject>> Subjects() { return std::nullopt; }
+    /// The user chose this subject: in the inspector, or by giving its control the focus.
+    virtual void Selected(const std::string& /*name*/) {}
+    /// After the user changed a property in the inspector, once the control has it. While a popup tries
+    /// values out the control follows, but this comes once, when it closes, with the value from before it
+    /// opened, and not at all where that is back. Whoever puts `before` back (an undo) calls
+    /// `Workbench::UpdateInspector`.
+    virtual void PropertyChanged(const PropertyChange& /*change*/) {}
+
     /// In order; each starts from the state that the one before left.
     virtual std::vector<Scene> Scenes() = 0;
 };

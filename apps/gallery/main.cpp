@@ -45,16 +45,20 @@ int WriteAll(tvok::Desktop& desktop, const gallery::Options& options) {
         const auto written = gallery::WritePictures(desktop, page, themes, folder);
         files.insert(files.end(), written.begin(), written.end());
     }
+    if (options.page.empty()) {
+        const auto written = gallery::WriteWorkbench(desktop, themes, folder);
+        files.insert(files.end(), written.begin(), written.end());
+    }
     for (const std::string& file : files) std::printf("%s\n", file.c_str());
     std::printf("%zu pictures are in %s\n", files.size(), folder.c_str());
     return 0;
 }
 
-/// Shows the window until it is closed, and turns a live page all the while.
+/// Shows the window until it is closed, and turns it all the while.
 void Show(tvok::Desktop& desktop, const std::string& page) {
     using namespace std::chrono;
     constexpr milliseconds LiveWait{25}, IdleWait{60'000};
-    const auto window = gallery::Window::Open(desktop, page);
+    const auto window = gallery::Window::Open(desktop, page, gallery::Panes::Shown);
     auto last = steady_clock::now();
     while (desktop.ProcessEvents(window->page().IsLive() ? LiveWait : IdleWait)) {
         const auto elapsed = duration_cast<milliseconds>(steady_clock::now() - last);

@@ -23,6 +23,15 @@ void SaveWithPopups(tvok::Desktop& desktop, const tvok::Form& form, const std::s
     desktop.SaveScreen(file, rect);
 }
 
+/// In place of the one that is open.
+std::shared_ptr<Window> OpenAnew(tvok::Desktop& desktop, const std::string& page, Panes panes) {
+    const std::vector<tvok::Form*> before = FormsOf(desktop);
+    std::shared_ptr<Window> window = Window::Open(desktop, page, panes);
+    for (tvok::Form* form : before) form->Close(); // behind the new one: a desktop is over with its last
+    desktop.ProcessEvents(std::chrono::milliseconds(0));
+    return window;
+}
+
 } // namespace
 
 std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& entry,
@@ -31,10 +40,7 @@ std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& 
     std::vector<std::string> files;
     for (const std::string& theme : themes) {
         desktop.SetTheme(tvok::Theme::ByName(theme));
-        const std::vector<tvok::Form*> before = FormsOf(desktop);
-        const std::shared_ptr<Window> window = Window::Open(desktop, entry.name);
-        for (tvok::Form* form : before) form->Close(); // behind the new one: a desktop is over with its last
-        desktop.ProcessEvents(std::chrono::milliseconds(0));
+        const auto window = OpenAnew(desktop, entry.name, Panes::None);
         for (const Scene& scene : window->page().Scenes()) {
             scene.act();
             desktop.ProcessEvents(std::chrono::milliseconds(0));
@@ -43,6 +49,26 @@ std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& 
             files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
             scene.popups ? SaveWithPopups(desktop, window->form(), files.back())
                          : desktop.SaveForm(window->form(), files.back());
+        }
+    }
+    return files;
+}
+
+std::vector<std::string> WriteWorkbench(tvok::Desktop& desktop, const std::vector<std::string>& themes,
+                                        const std::string& folder) {
+    std::filesystem::create_directories(folder);
+    std::vector<std::string> files;
+    for (const std::string& theme : themes) {
+        desktop.SetTheme(tvok::Theme::ByName(theme));
+        const auto window = OpenAnew(desktop, "lists", Panes::Shown);
+        for (const Scene& scene : window->Scenes()) {
+            scene.act();
+            desktop.ProcessEvents(std::chrono::milliseconds(0));
+            window->Turn(std::chrono::milliseconds(0));
+            desktop.ProcessEvents(std::chrono::milliseconds(0));
+            const std::string name = "workbench-" + theme + (scene.name.empty() ? "" : "-") + scene.name;
+            files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
+            desktop.SaveForm(window->form(), files.back());
         }
     }
     return files;

@@ -13,4 +13,8 @@ namespace gallery {
 std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& entry,
                                        const std::vector<std::string>& themes, const std::string& folder);
 
+/// The same for the workbench: the window with its panes, as "workbench-THEME-SCENE.png".
+std::vector<std::string> WriteWorkbench(tvok::Desktop& desktop, const std::vector<std::string>& themes,
+                                        const std::string& folder);
+
 } // namespace gallery

@@ -96,8 +96,8 @@ palette_top=$field_bottom
 until_open "beyond the form"
 xdotool key Escape
 until_closed "Esc"
-move_to 400 760
-[ $((Y + field_bottom + 111)) -gt 900 ] || fail "the window is not at the bottom: $Y"
+move_to 400 860
+[ $((Y + field_bottom + 111)) -gt 1000 ] || fail "the window is not at the bottom: $Y"
 palette_top=$((8 - 111))
 click_field
 until_open "upward"

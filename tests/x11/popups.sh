@@ -188,7 +188,7 @@ move_to() { # X Y of the window's own area
     fail "the window is at $X, $Y, not at $1, $2"
 }
 inside_screen() {
-    [ "$PX" -ge 0 ] && [ "$PY" -ge 0 ] && [ $((PX + PW)) -le 1280 ] && [ $((PY + PH)) -le 900 ]
+    [ "$PX" -ge 0 ] && [ "$PY" -ge 0 ] && [ $((PX + PW)) -le 1600 ] && [ $((PY + PH)) -le 1000 ]
 }
 opens_at() { # X Y of the window, where the grid is to be, and the column to choose from
     move_to "$1" "$2"
@@ -205,9 +205,9 @@ opens_at() { # X Y of the window, where the grid is to be, and the column to cho
 }
 # The grid is 265 x 111. At the left it keeps to the screen's edge, at the right also; at the bottom it opens upward.
 opens_at -180 60 0 230 2
-opens_at 900 60 $((1280 - 265)) 230 6
-opens_at 60 700 212 $((700 + 122 - 111)) 11
-opens_at 900 720 $((1280 - 265)) $((720 + 122 - 111)) 20
+opens_at 1220 60 $((1600 - 265)) 230 6
+opens_at 60 800 212 $((800 + 122 - 111)) 11
+opens_at 1220 820 $((1600 - 265)) $((820 + 122 - 111)) 20
 move_to 40 40
 
 close_window

@@ -37,7 +37,7 @@ until_true() {
     return 1
 }
 
-Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
+Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp 3>"$folder/display" 2>"$folder/xvfb.log" &
 children+=($!)
 until_true 20 test -s "$folder/display" || fail "the X server did not start: $(cat "$folder/xvfb.log")"
 DISPLAY=":$(cat "$folder/display")"
@@ -70,7 +70,7 @@ look_at_window() {
 }
 
 title="tvok gallery"
-size="1120 x 640"
+size="1420 x 860"
 # open_window PROGRAM [SWITCHES]... waits for a window with this title and size.
 open_window() {
     "$@" >"$folder/program.log" 2>&1 &
