@@ -12,8 +12,8 @@
 namespace tvok::host {
 
 /// The lines are the same in every run that makes the same calls: handles get the numbers 1, 2, … of their
-/// first appearance, pens and brushes stand by their colour (#RRGGBB), bytes outside printable ASCII as \xNN.
-/// Results stand behind "->" where they carry something; "-> false" marks an operation that failed.
+/// first appearance, pens and brushes stand by their colour (`#RRGGBB`), bytes outside printable ASCII as
+/// `\xNN`. Results stand behind "->" where they carry something; "-> false" marks an operation that failed.
 ///
 ///     FillRect        hdc=1 (0,0)-(20,18) brush=#FFFFFF
 ///     ExtTextOutA     hdc=1 at (20,2) flags=6 (20,0)-(120,18) "Apples"
