@@ -8,13 +8,14 @@
 #include "tvok/host/Font.h"
 #include "tvok/host/Platform.h"
 
+/// Drawing helpers over `host::platform()`.
 namespace tvok::dgi {
 
 /// Pen inside the frame. Sets raster operation 13 and leaves it set. `fill` false draws the frame alone.
 void DrawBoxRect(std::int32_t hDC, const tvok_Rect& rect, std::int32_t width, OLE_COLOR lineColor,
                  OLE_COLOR fillColor, bool fill);
-void FillRectColor(std::int32_t hDC, const tvok_Rect& rect, OLE_COLOR color);
-void FrameRectColor(std::int32_t hDC, const tvok_Rect& rect, OLE_COLOR color);
+void FillRectColor(std::int32_t hDC, const tvok_Rect& rect, OLE_COLOR color);  ///< Also a system colour.
+void FrameRectColor(std::int32_t hDC, const tvok_Rect& rect, OLE_COLOR color); ///< One pixel wide, inside.
 /// The four bands of `outer` around `inner`: left, right, above, below. They overlap in the corners.
 void FillRectFrame(std::int32_t hDC, const tvok_Rect& outer, const tvok_Rect& inner, OLE_COLOR color);
 
@@ -27,11 +28,11 @@ tvok_Rect MakeRect(std::int32_t left, std::int32_t top, std::int32_t right, std:
 tvok_Rect GetClientScreenRect(std::int32_t hWnd); ///< In screen coordinates.
 /// `rect` moved by the context's origin as seen from the window.
 tvok_Rect RectToWindowDC(std::int32_t hDC, std::int32_t hWnd, const tvok_Rect& rect);
-bool IsFocusWindow(std::int32_t hWnd);
+bool IsFocusWindow(std::int32_t hWnd); ///< Whether it has the focus.
 
 /// x from the low and y from the high 16 bits, each signed.
 host::Point PointFromLParam(std::int32_t lParam);
-std::int32_t LParamFromPoint(std::int32_t x, std::int32_t y);
+std::int32_t LParamFromPoint(std::int32_t x, std::int32_t y); ///< The way back.
 
 /// Pixels of a font of this size; 0 where it cannot be told.
 std::int32_t PointsToPixels(float points);

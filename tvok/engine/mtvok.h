@@ -14,6 +14,7 @@
 #include "tvok/engine/callbacks.h"
 #include "tvok/host/Hooks.h"
 
+/// The engine of the list controls: geometry, painting, hit tests, keys, search, sort and text forms.
 namespace tvok::mtvok {
 
 // Geometry (geometry.cpp).
@@ -78,10 +79,11 @@ std::int32_t SeekItemPrefix(const ListState& state, const ItemSlots& items, cons
 /// The first item whose text equals the trimmed `text`, case ignored; `Count` + 1 for none.
 std::int32_t FindItemText(const ListState& state, const ItemSlots& items, const IndexArray& indexes,
                           std::string_view text);
+using TextOfEntry =
+    std::function<const std::string&(std::int32_t)>; ///< The text that an index entry sorts by.
 /// Sorts entries `low` to `high` of the index by text; `low` is 1 or more. Not stable: which of several equal
 /// texts comes first follows from the steps of a partition about the middle entry with short runs sorted by
 /// selection, and entry 0 is left as the last swap of these steps leaves it.
-using TextOfEntry = std::function<const std::string&(std::int32_t)>;
 void SortIndexByText(const TextOfEntry& textOf, IndexArray& indexes, std::int32_t low, std::int32_t high,
                      bool ascending, bool caseSensitive);
 void SortIndexByText(const ItemSlots& items, IndexArray& indexes, std::int32_t low, std::int32_t high,

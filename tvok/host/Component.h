@@ -20,7 +20,7 @@ class Widget {
 public:
     virtual ~Widget() = default;
 
-    virtual Handle hWnd() const = 0;
+    virtual Handle hWnd() const = 0; ///< The same for the whole life.
     /// The one persistent device context, valid for the whole life. Used outside and inside paint messages.
     virtual Handle hDC() const = 0;
 
@@ -65,9 +65,9 @@ class PictureWindow : public Widget {};
 class Ambient {
 public:
     virtual ~Ambient() = default;
-    virtual bool UserMode() const = 0; ///< False at design time in a form designer.
-    virtual FontValue Font() const = 0;
-    virtual std::string DisplayName() const = 0;
+    virtual bool UserMode() const = 0;           ///< False at design time in a form designer.
+    virtual FontValue Font() const = 0;          ///< What a new control starts with.
+    virtual std::string DisplayName() const = 0; ///< The control's name on its form.
 };
 
 class Component;
@@ -78,26 +78,29 @@ class Control {
 public:
     virtual ~Control() = default;
 
-    virtual void Initialize(Component& component) = 0;
-    virtual void InitProperties() {}
-    virtual void ReadProperties(PropertyBag&) {}
-    virtual void WriteProperties(PropertyBag&) {}
-    virtual void Resize() {}
-    virtual void Paint() {}
-    virtual void Terminate() {}
+    virtual void Initialize(Component& component) = 0; ///< Once, first. The component outlives `Terminate`.
+    virtual void InitProperties() {}                   ///< At design time, for a new control.
+    virtual void ReadProperties(PropertyBag&) {}       ///< Else: from saved settings or an empty bag.
+    virtual void WriteProperties(PropertyBag&) {}      ///< The form is saved.
+    virtual void Resize() {}    ///< After `ReadProperties`, and after each change of the size.
+    virtual void Paint() {}     ///< A part is to be drawn on `hDC`, which is clipped to it.
+    virtual void Terminate() {} ///< Once, last.
 
     virtual void GotFocus() {}   ///< The component's own window received the focus.
     virtual void LostFocus() {}  ///< The component's own window lost it.
     virtual void EnterFocus() {} ///< The focus came into the component or one of its children from elsewhere.
-    virtual void ExitFocus() {}
+    virtual void ExitFocus() {}  ///< It left them.
+    /// A virtual key code and the bits of the modifiers: 1 Shift, 2 Control, 4 Alt.
     virtual void KeyDown(std::int16_t& /*keyCode*/, std::int16_t& /*shift*/) {}
+    /// A character that was typed.
     virtual void KeyPress(std::int16_t& /*keyAscii*/) {}
     virtual void KeyUp(std::int16_t& /*keyCode*/, std::int16_t& /*shift*/) {}
+    /// Button 1 left, 2 right, 4 middle, and the bits of the modifiers.
     virtual void MouseDown(std::int16_t& /*button*/, std::int16_t& /*shift*/, float& /*x*/, float& /*y*/) {}
     virtual void MouseMove(std::int16_t& /*button*/, std::int16_t& /*shift*/, float& /*x*/, float& /*y*/) {}
     virtual void MouseUp(std::int16_t& /*button*/, std::int16_t& /*shift*/, float& /*x*/, float& /*y*/) {}
-    virtual void Click() {}
-    virtual void DblClick() {}
+    virtual void Click() {}    ///< After a press and a release of the left button inside.
+    virtual void DblClick() {} ///< In place of the second press.
 };
 
 /// The base component of one control. It lives from before `Control::Initialize` until after
@@ -118,7 +121,7 @@ public:
     /// `ObjectError` where this component has ended.
     virtual Component& AddChild(Control& child, std::string_view name, const tvok_Rect& place,
                                 PropertyBag* settings) = 0;
-    virtual void RemoveChild(Control& child) = 0;
+    virtual void RemoveChild(Control& child) = 0; ///< No child of this component: nothing.
 };
 
 } // namespace tvok::host

@@ -10,6 +10,7 @@ namespace tvok::host {
 /// Windows, device contexts, drawing objects and image lists are 32-bit handles; 0 is none.
 using Handle = std::int32_t;
 
+/// A point in pixels.
 struct Point {
     std::int32_t x = 0;
     std::int32_t y = 0;

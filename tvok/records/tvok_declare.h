@@ -10,6 +10,7 @@
 
 #include "tvok/records/Variant.h"
 
+/// The library: controls, what they exchange with a host, and the software desktop.
 namespace tvok {
 
 /// A colour: 0x00BBGGRR, or with the high bit set a system colour whose index is the low byte.

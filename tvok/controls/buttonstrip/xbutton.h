@@ -31,7 +31,7 @@ public:
         /// KeyCode and Shift as they come. The control handles no key itself.
         Event<std::int16_t&, std::int16_t&> KeyDown;
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     xbutton();
     ~xbutton() override;
@@ -40,7 +40,7 @@ public:
 
     /// Three fields between "|" for each button: caption or number, key, kind. Kinds: 0 a push button with
     /// the caption; 1 one with the image of that number, from 0; 2 the symbol of that number, 0 drop-down
-    /// arrow, 1 right arrow, 2 close cross. See `ButtonRow::Set`. Sets the control's size: its height in
+    /// arrow, 1 right arrow, 2 close cross.  Sets the control's size: its height in
     /// whole pixels, and the width of all buttons. Repaints, also at design time, and gives the width in
     /// pixels. A button that is held stays held. Errors are ignored.
     std::int32_t SetButtons(std::string_view vNewValue);
@@ -63,7 +63,7 @@ public:
     void FontTransparent(bool on);
     void SetToSystemfont(bool fSetFontSize = true); ///< Shows with the next paint.
 
-    host::Handle hwnd() const;
+    host::Handle hwnd() const; ///< The control's window.
 
     // Life cycle and input, called by the component.
 

@@ -27,7 +27,7 @@ public:
         /// In a bar of two columns and more there is none within 3 pixels of a divider.
         Event<std::int32_t, std::int32_t> MouseDown;
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     pcols();
     ~pcols() override;
@@ -44,7 +44,7 @@ public:
     qrosterheader GetData(std::int32_t Index) const; ///< A copy; an empty record outside 1 to `Count`.
     void Remove(std::int32_t Index); ///< The other widths stay. Outside 1 to `Count`: nothing.
     void Clear();                    ///< `Count` becomes 0.
-    std::int32_t Count() const;
+    std::int32_t Count() const;      ///< Of columns.
     /// New columns are empty and 0 wide. Negative: the subscript error, after the count has changed; later
     /// writes are ignored until `Clear`, or where it is -1 until an append.
     void Count(std::int32_t columns);
@@ -64,16 +64,16 @@ public:
     lFlag(std::int32_t flags); ///< The font style bits of `vflag`, for all captions. Shows with `Refresh`.
     OLE_COLOR BackColor() const;
     void BackColor(OLE_COLOR color); ///< Repaints in run mode.
-    host::FontPtr Font() const;
+    host::FontPtr Font() const;      ///< The component's own object. Writes do not repaint.
     void Font(const host::Font& font);
-    void SetToSystemfont(bool fSetFontSize = true);
-    bool FontTransparent() const;
+    void SetToSystemfont(bool fSetFontSize = true); ///< Its face, and with the flag its size.
+    bool FontTransparent() const;                   ///< The component's. Default true.
     void FontTransparent(bool on);
     std::int16_t Appearance() const;
     void Appearance(std::int16_t appearance); ///< What the component refuses is ignored, as with the next.
     std::int32_t BorderStyle() const;
     void BorderStyle(std::int32_t style);
-    std::int32_t hwnd() const;
+    std::int32_t hwnd() const; ///< The control's window.
 
     // Life cycle, called by the component.
 

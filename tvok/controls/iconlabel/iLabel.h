@@ -24,10 +24,10 @@ public:
         Event<> Click; ///< For the shape of the interface; never raised. Use `MouseUp`.
         Event<std::int16_t&, std::int16_t&> KeyDown;                   ///< KeyCode, Shift.
         Event<std::int16_t&, std::int16_t&, float&, float&> MouseDown; ///< Button, Shift, x, Y.
-        Event<std::int16_t&, std::int16_t&, float&, float&> MouseUp;
-        Event<std::int16_t&, std::int16_t&> KeyUp;
+        Event<std::int16_t&, std::int16_t&, float&, float&> MouseUp;   ///< The same.
+        Event<std::int16_t&, std::int16_t&> KeyUp;                     ///< KeyCode, Shift.
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     void
     Refresh(); ///< Paints the label now. Throws `OverflowError` where a rectangle has no place in 32 bits.
@@ -42,11 +42,11 @@ public:
     void BackColor(OLE_COLOR color); ///< The component's. Default window background.
     std::int32_t BorderStyle() const;
     void BorderStyle(std::int32_t style); ///< The component's. Default 1. What it refuses is ignored.
-    std::int32_t hwnd() const;
+    std::int32_t hwnd() const;            ///< The control's window.
 
     // Caption.
 
-    const std::string& Caption() const;
+    const std::string& Caption() const; ///< Default empty.
     void Caption(std::string_view text);
     OLE_COLOR ForeColor() const;
     /// A plain colour, default black. A system colour is not translated here and gives another one than it
@@ -64,8 +64,8 @@ public:
     bool NOPREFIX() const;
     void NOPREFIX(bool on); ///< Default true: "&" shows. False: it underlines what follows. Only stored.
     bool HideFocus() const;
-    void HideFocus(bool on); ///< No band with the focus. Default false.
-    host::FontPtr Font() const;
+    void HideFocus(bool on);    ///< No band with the focus. Default false.
+    host::FontPtr Font() const; ///< The component's own object.
     void Font(const host::Font& font);
     bool FontTransparent() const;
     void FontTransparent(bool on); ///< Whether the caption has no background of its own. Does not repaint.

@@ -45,7 +45,7 @@ public:
         Event<std::int32_t&, qrosterdata&> EnumDATA;
         ExDrawEvent ExDraw; ///< The host's share of the painting, as the item's `vflag` asks for it.
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     xPopup();
     ~xPopup() override;
@@ -70,14 +70,14 @@ public:
 
     void AddItem(const qrosterdata& x); ///< Appends. Draws nothing, sorts nothing.
     void Clear();                       ///< Also ends the virtual mode. Grid and looks stay.
-    std::int32_t Count() const;
+    std::int32_t Count() const;         ///< Of stored or virtual items.
     /// Starts the virtual mode with this number of items; below 0: ignored. Costs 4 bytes per item. A
     /// `ListIndex` beyond it is lowered without an event.
     void Count(std::int32_t items);
     /// Copies the item out; 0 gives the blank item. Always true, or `SubscriptError` beyond the arrays. In
     /// virtual mode what `EnumDATA` filled in last.
     bool GetData(std::int32_t Index, qrosterdata& ItemValue) const;
-    qrosterdata DefaultItem() const;
+    qrosterdata DefaultItem() const; ///< What a default-made record is.
     /// The list as text; empty at design time, where writes are ignored.
     std::string ItemsStr() const;
     void ItemsStr(std::string_view text);
@@ -95,7 +95,7 @@ public:
     /// base component, not with `Font`. `SubscriptError` where `Count` is beyond the stored items,
     /// `OverflowError` where 32 bits do not hold the width; the width measured before stays.
     void CalTextWidth();
-    std::int32_t SortedMode() const;
+    std::int32_t SortedMode() const; ///< As written last. Default 0.
     /// Sorts at once: 1 and 2 by text, case matters; 3 and 4 by `ItemData`, where equal ones stand by text in
     /// the opposite direction. 0 leaves the order as it is. Items added later are not inserted in order.
     void SortedMode(std::int32_t mode);
@@ -111,19 +111,19 @@ public:
 
     // Grid. Values out of the range in the comment are ignored.
 
-    std::int32_t xn() const;
-    void xn(std::int32_t columns); ///< 1 or more.
-    std::int32_t yn() const;
-    void yn(std::int32_t rows); ///< 1 or more.
-    std::int32_t ItemHeight() const;
-    void ItemHeight(std::int32_t pixels); ///< 1 or more.
-    std::int32_t ItemWidth() const;
-    void ItemWidth(std::int32_t pixels); ///< 1 or more.
-    std::int32_t GridlineWidth() const;
+    std::int32_t xn() const;                 ///< Columns. Default 1.
+    void xn(std::int32_t columns);           ///< 1 or more.
+    std::int32_t yn() const;                 ///< Rows of an opened popup. Default 5.
+    void yn(std::int32_t rows);              ///< 1 or more.
+    std::int32_t ItemHeight() const;         ///< Default 18.
+    void ItemHeight(std::int32_t pixels);    ///< 1 or more.
+    std::int32_t ItemWidth() const;          ///< Of a column. Default 100.
+    void ItemWidth(std::int32_t pixels);     ///< 1 or more.
+    std::int32_t GridlineWidth() const;      ///< Default 1.
     void GridlineWidth(std::int32_t pixels); ///< 0 or more.
-    OLE_COLOR GridlineColor() const;
+    OLE_COLOR GridlineColor() const;         ///< Default `c3DLight`.
     void GridlineColor(OLE_COLOR color);
-    bool GridlineOnBorder() const;
+    bool GridlineOnBorder() const; ///< Lines also along the outer edges. Default false.
     void GridlineOnBorder(bool on);
     bool FixedWidthForLastXn() const;
     void FixedWidthForLastXn(bool on); ///< False after each load.
@@ -134,31 +134,31 @@ public:
 
     // Looks.
 
-    std::int32_t CX_TEXT() const;
+    std::int32_t CX_TEXT() const;      ///< Width of the icon area left of the text. Default 20.
     void CX_TEXT(std::int32_t pixels); ///< 0 or more.
-    std::int32_t IconPos() const;
+    std::int32_t IconPos() const;      ///< A packed `tvok_IconPos`. Default `cDefaultIconPos`.
     void IconPos(std::int32_t packed);
-    std::int32_t IconHandle() const;
+    std::int32_t IconHandle() const; ///< Image list of the items' icons. Default 0.
     void IconHandle(std::int32_t imageList);
-    OLE_COLOR BackColor() const;
+    OLE_COLOR BackColor() const; ///< Of cells without an item. Default `cWindowBackground`.
     void BackColor(OLE_COLOR color);
-    OLE_COLOR SelectedColor() const;
+    OLE_COLOR SelectedColor() const; ///< Behind the current item. Default `cHighlight`.
     void SelectedColor(OLE_COLOR color);
-    OLE_COLOR IconBorderColor() const;
+    OLE_COLOR IconBorderColor() const; ///< Of icon boxes. Default `cWindowFrame`.
     void IconBorderColor(OLE_COLOR color);
-    std::int32_t HeadWidthEx() const;
+    std::int32_t HeadWidthEx() const; ///< Of the band left of the first column. Default 0: none.
     void HeadWidthEx(std::int32_t pixels);
-    OLE_COLOR HeadExBackColor() const;
+    OLE_COLOR HeadExBackColor() const; ///< Of that band. Default `c3DLight`.
     void HeadExBackColor(OLE_COLOR color);
-    OLE_COLOR HeadExBorderColor() const;
+    OLE_COLOR HeadExBorderColor() const; ///< Its right edge. Default `cButtonFace`.
     void HeadExBorderColor(OLE_COLOR color);
     bool HotTrack() const;
-    void HotTrack(bool on); ///< Mouse moves select without a button.
-    host::FontPtr Font() const;
+    void HotTrack(bool on);     ///< Mouse moves select without a button.
+    host::FontPtr Font() const; ///< Of the popup window: its own object.
     void Font(const host::Font& font);
-    void SetToSystemfont(bool fSetFontSize = true);
-    std::int32_t TextHeight() const; ///< Of `Font`.
-    bool FontTransparent() const;
+    void SetToSystemfont(bool fSetFontSize = true); ///< Its face, and with the flag its size.
+    std::int32_t TextHeight() const;                ///< Of `Font`.
+    bool FontTransparent() const;                   ///< Of the popup window. Default true.
     void FontTransparent(bool on);
 
     // The host's scratch values, for what a cancelled popup has to put back.

@@ -52,12 +52,12 @@ public:
         Event<const std::string&, std::int32_t&, std::int32_t&, std::int32_t&, std::int32_t&>
             ExEditorSetPosition;
         Event<const std::string&> ExEditorHide; ///< The item key, empty where no editor was open.
-        Event<const std::string&> ExEditorShow;
+        Event<const std::string&> ExEditorShow; ///< The item key: show its editor.
         /// Give the text of this popup list, in the form that `xPopup::ItemsStr` takes; every line needs its
         /// end. Asked for what cells show until it gave an entry, and anew each time the popup opens.
         Event<std::int32_t, std::string&> EnumPopStr;
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     gList();
     ~gList() override;
@@ -124,11 +124,11 @@ public:
 
     // Grid. Values out of the range in the comment are ignored.
 
-    std::int32_t ItemHeight() const;
-    void ItemHeight(std::int32_t pixels); ///< 1 or more.
-    std::int32_t GridlineWidth() const;
+    std::int32_t ItemHeight() const;         ///< Of a row, pixels. Default 18.
+    void ItemHeight(std::int32_t pixels);    ///< 1 or more.
+    std::int32_t GridlineWidth() const;      ///< Pixels. Default 1.
     void GridlineWidth(std::int32_t pixels); ///< 0 or more.
-    bool GridlineOnBorder() const;
+    bool GridlineOnBorder() const;           ///< Lines also along the outer edges. Default false.
     void GridlineOnBorder(bool on);
     bool FixedHeight() const;
     void FixedHeight(bool on);      ///< The control's height snaps to whole rows.
@@ -136,30 +136,30 @@ public:
 
     // Looks.
 
-    std::int32_t CX_TEXT() const;
+    std::int32_t CX_TEXT() const; ///< Width of the icon area of both cells, pixels. Default 20.
     void CX_TEXT(std::int32_t pixels);
     std::int32_t HeadWidthEx() const;
     void HeadWidthEx(std::int32_t pixels); ///< Of the band at the left with the fold boxes.
-    OLE_COLOR HeadExBackColor() const;
+    OLE_COLOR HeadExBackColor() const;     ///< Of that band.
     void HeadExBackColor(OLE_COLOR color);
-    OLE_COLOR HeadExBorderColor() const;
+    OLE_COLOR HeadExBorderColor() const; ///< Its right edge.
     void HeadExBorderColor(OLE_COLOR color);
-    std::int32_t IconPos() const;
+    std::int32_t IconPos() const;      ///< A packed `tvok_IconPos`. Default `cDefaultIconPos`.
     void IconPos(std::int32_t packed); ///< In run mode the strip's icon size follows.
     std::int32_t IconHandle() const;
     void IconHandle(std::int32_t imageList); ///< Also the strip's. No repaint.
-    OLE_COLOR IconBorderColor() const;
+    OLE_COLOR IconBorderColor() const;       ///< Of icon boxes. Default `cWindowFrame`.
     void IconBorderColor(OLE_COLOR color);
-    OLE_COLOR BackColor() const;
+    OLE_COLOR BackColor() const; ///< Where no row is. Default `cWindowBackground`.
     void BackColor(OLE_COLOR color);
-    OLE_COLOR SelectedColor() const;
+    OLE_COLOR SelectedColor() const; ///< Behind the current row. Default `cHighlight`.
     void SelectedColor(OLE_COLOR color);
-    OLE_COLOR GridlineColor() const;
+    OLE_COLOR GridlineColor() const; ///< Default `c3DLight`.
     void GridlineColor(OLE_COLOR color);
     host::FontPtr Font() const;
     void Font(const host::Font& font); ///< No repaint; the caption column follows with `BuiltList`.
-    void SetToSystemfont(bool fSetFontSize = true);
-    bool FontTransparent() const;
+    void SetToSystemfont(bool fSetFontSize = true); ///< Its face, with the flag its size. No repaint.
+    bool FontTransparent() const;                   ///< The component's. Default true.
     void FontTransparent(bool on);
     std::int32_t TextHeight() const; ///< Pixels of the font's size.
     std::int16_t Appearance() const;
@@ -167,14 +167,14 @@ public:
     std::int32_t BorderStyle() const;
     void BorderStyle(std::int32_t style); ///< A refused value is ignored.
 
-    // The host's scratch values.
+    // The host's scratch values. The control keeps them, and nothing more.
 
     const std::string& TmpKey() const;
     void TmpKey(std::string_view key);
     const Variant& TmpData() const;
     void TmpData(const Variant& value);
 
-    host::Handle hwnd() const;
+    host::Handle hwnd() const; ///< The control's window.
 
     // Life cycle and input, called by the component.
 

@@ -30,6 +30,7 @@ public:
     virtual std::chrono::milliseconds Now() const = 0;
 };
 
+/// What a desktop is made with. The defaults are those of a program for a user.
 struct DesktopOptions {
     /// Automatic: a window where there is a display, else headless, said in one line on standard error.
     enum class Display { Automatic, Headless, Window };
@@ -61,19 +62,19 @@ public:
 
     /// A visible form with this client size in pixels. It lives until it is closed or the desktop ends.
     Form& AddForm(std::string_view caption, std::int32_t width, std::int32_t height);
-    const std::vector<std::unique_ptr<Form>>& Forms() const;
+    const std::vector<std::unique_ptr<Form>>& Forms() const; ///< Those that are open.
 
     /// Processes events until the last form is closed or `Quit` is called; gives `Quit`'s code. A headless
     /// desktop has no user: it processes what waits and returns.
     int Run();
-    void Quit(int code = 0);
+    void Quit(int code = 0); ///< Ends `Run` and `ProcessEvents` with their next turn.
     /// Waits for events up to `timeout`, processes all that wait and shows what changed. False once it is
     /// over.
     bool ProcessEvents(std::chrono::milliseconds timeout);
     /// Runs `task` on the desktop's thread in its turn. The one member that other threads may call.
     void Post(std::function<void()> task);
 
-    bool IsHeadless() const;
+    bool IsHeadless() const; ///< Nothing of it is on a screen.
     const Theme& CurrentTheme() const;
     /// Repaints everything; fonts follow a changed resolution. A component whose client area changed by it
     /// hears `Resize`.

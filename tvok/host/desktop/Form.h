@@ -28,16 +28,18 @@ struct Placement {
     std::int32_t height = 100;
 };
 
+/// A window of the desktop with controls on it. Made by `Desktop::AddForm`; it lives until it is closed.
 class Form {
 public:
+    /// Handlers may do anything to the form, also close it.
     struct Events {
-        Event<> Resize;       ///< After the client area changed.
-        Event<> Paint;        ///< Draw on `hDC()`.
-        Event<bool&> Closing; ///< Set the boolean to true to keep the form.
-        Event<> Closed;
+        Event<> Resize;                              ///< After the client area changed.
+        Event<> Paint;                               ///< Draw on `hDC()`.
+        Event<bool&> Closing;                        ///< Set the boolean to true to keep the form.
+        Event<> Closed;                              ///< After its controls have ended.
         Event<std::int16_t&, std::int16_t&> KeyDown; ///< Before the control with the focus: KeyCode, Shift.
     };
-    Events events;
+    Events events; ///< Assign a callable; `nullptr` drops it.
 
     ~Form();
     Form(const Form&) = delete;
@@ -65,24 +67,26 @@ public:
         return dynamic_cast<T*>(Find(name));
     }
     std::vector<std::string> Names() const; ///< In the order of adding, which is the order of Tab.
+    /// The component of a control of this form: its window, size, visibility and focus. Throws `ObjectError`
+    /// for any other control.
     host::Component& ComponentOf(const host::Control& control) const;
-    Placement PlacementOf(const host::Control& control) const; ///< Where it stands now.
-    void Place(const host::Control& control, const Placement& place);
+    Placement PlacementOf(const host::Control& control) const;        ///< Where it stands now.
+    void Place(const host::Control& control, const Placement& place); ///< Moves it there.
 
     std::string Caption() const;
     void Caption(std::string_view text);
     std::int32_t Width() const; ///< Client size in pixels.
     std::int32_t Height() const;
-    void Size(std::int32_t width, std::int32_t height);
-    void Move(std::int32_t x, std::int32_t y); ///< On the screen: the outer left top.
-    OLE_COLOR BackColor() const;               ///< Default button face.
+    void Size(std::int32_t width, std::int32_t height); ///< Of the client area.
+    void Move(std::int32_t x, std::int32_t y);          ///< On the screen: the outer left top.
+    OLE_COLOR BackColor() const;                        ///< Default button face.
     void BackColor(OLE_COLOR color);
     bool
     Resizable() const; ///< Whether the user may change its size, where the display lets users. Default true.
     void Resizable(bool resizable);
-    host::Handle hWnd() const;
-    host::Handle hDC() const;
-    void Close(); ///< As the user would: raises `Closing`.
+    host::Handle hWnd() const; ///< Its window, the parent of its controls'.
+    host::Handle hDC() const;  ///< The context of the client area, for the whole life.
+    void Close();              ///< As the user would: raises `Closing`.
 
     /// Run mode by default. At design time controls keep their properties and do not run. Set before adding
     /// controls.

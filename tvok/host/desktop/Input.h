@@ -6,6 +6,7 @@
 
 #include "tvok/host/constants.h"
 
+/// What feeds a desktop.
 namespace tvok::desktop {
 
 enum class MouseButton { Left = 1, Right = 2, Middle = 4 };
