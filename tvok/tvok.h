@@ -12,5 +12,6 @@
 #include "tvok/host/desktop/ControlTypes.h"
 #include "tvok/host/desktop/Desktop.h"
 #include "tvok/host/desktop/Form.h"
+#include "tvok/host/desktop/FormFile.h"
 #include "tvok/host/desktop/TextBox.h"
 #include "tvok/records/tvok_declare.h"

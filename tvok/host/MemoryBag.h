@@ -26,6 +26,7 @@ public:
     /// Stores a value whatever its default is.
     void Put(std::string_view name, PropertyValue value);
     const Values& All() const { return values_; } ///< In the order of the names.
+    bool operator==(const MemoryBag& other) const { return values_ == other.values_; }
 
 private:
     Values values_;

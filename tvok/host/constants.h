@@ -136,7 +136,8 @@ inline constexpr std::int32_t SWP_NOSIZE = 1, SWP_NOMOVE = 2, SWP_NOZORDER = 4, 
                               SWP_SHOWWINDOW = 0x40, SWP_HIDEWINDOW = 0x80;
 inline constexpr std::int32_t WS_EX_TOPMOST = 8, WS_EX_TOOLWINDOW = 128;
 
-// Mouse pointers of a component.
-inline constexpr std::int16_t ccDefault = 0, ccArrow = 1, ccIBeam = 3, ccSizeWE = 9;
+// Mouse pointers of a component or a form.
+inline constexpr std::int16_t ccDefault = 0, ccArrow = 1, ccCross = 2, ccIBeam = 3, ccSize = 5,
+                              ccSizeNESW = 6, ccSizeNS = 7, ccSizeNWSE = 8, ccSizeWE = 9;
 
 } // namespace tvok::host

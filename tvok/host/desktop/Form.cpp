@@ -2,6 +2,7 @@
 
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/World.h"
+#include "tvok/records/Error.h"
 
 namespace tvok {
 
@@ -53,6 +54,26 @@ void Form::Place(const host::Control& control, const Placement& place) {
     window_->EntryOf(control).component->MovePixels(RectOf(place));
 }
 
+void Form::Reorder(const host::Control& control, std::size_t place) {
+    window_->Reorder(control, place);
+}
+
+Form& Form::AddForm(std::string_view caption, std::int32_t width, std::int32_t height) {
+    return AddInner(window_->window(), caption, width, height);
+}
+
+Form& Form::AddForm(const host::Control& inside, std::string_view caption, std::int32_t width,
+                    std::int32_t height) {
+    return AddInner(window_->EntryOf(inside).component->window(), caption, width, height);
+}
+
+Form& Form::AddInner(soft::Window& parent, std::string_view caption, std::int32_t width,
+                     std::int32_t height) {
+    if (!parent.IsAlive()) throw ObjectError("the form is closed");
+    auto window = std::make_unique<soft::FormWindow>(*window_, parent, caption, width, height);
+    return window_->AddInner(std::unique_ptr<Form>(new Form(std::move(window))));
+}
+
 std::string Form::Caption() const {
     return window_->caption;
 }
@@ -97,12 +118,24 @@ void Form::Resizable(bool resizable) {
     window_->resizable = resizable;
 }
 
+std::int16_t Form::MousePointer() const {
+    return window_->pointer;
+}
+
+void Form::MousePointer(std::int16_t pointer) {
+    window_->SetPointer(pointer);
+}
+
 host::Handle Form::hWnd() const {
     return window_->window().handle();
 }
 
 host::Handle Form::hDC() const {
     return window_->window().hDC();
+}
+
+void Form::SetFocus() {
+    window_->world().focus.Focus(window_->WantedFocus());
 }
 
 void Form::Close() {
@@ -115,6 +148,10 @@ bool Form::UserMode() const {
 
 void Form::UserMode(bool run) {
     window_->userMode = run;
+}
+
+void Form::Marks(const std::vector<FormMark>& marks) {
+    window_->Marks(marks);
 }
 
 } // namespace tvok

@@ -1,4 +1,4 @@
-#include "tvok/host/desktop/shell/FormFile.h"
+#include "tvok/host/desktop/FormFile.h"
 
 #include <filesystem>
 #include <fstream>

@@ -31,7 +31,9 @@ struct CursorShape {
 };
 
 constexpr CursorShape CursorShapes[] = {
-    {host::ccIBeam, SDL_SYSTEM_CURSOR_IBEAM},
+    {host::ccCross, SDL_SYSTEM_CURSOR_CROSSHAIR}, {host::ccIBeam, SDL_SYSTEM_CURSOR_IBEAM},
+    {host::ccSize, SDL_SYSTEM_CURSOR_SIZEALL},    {host::ccSizeNESW, SDL_SYSTEM_CURSOR_SIZENESW},
+    {host::ccSizeNS, SDL_SYSTEM_CURSOR_SIZENS},   {host::ccSizeNWSE, SDL_SYSTEM_CURSOR_SIZENWSE},
     {host::ccSizeWE, SDL_SYSTEM_CURSOR_SIZEWE},
 };
 

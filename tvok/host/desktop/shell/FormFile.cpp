@@ -1,4 +1,4 @@
-#include "tvok/host/desktop/shell/FormFile.h"
+#include "tvok/host/desktop/FormFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "tvok/host/desktop/ControlTypes.h"
+#include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/records/Error.h"
 
 namespace tvok {
@@ -41,30 +42,58 @@ void WriteAll(const std::string& file, const std::string& text) {
 
 } // namespace
 
-void Form::Save(const std::string& file) const {
-    soft::FormFile content{Caption(), Width(), Height(), {}};
-    for (const std::string& name : Names()) {
-        host::Control& control = *Find(name);
-        soft::FormFileControl entry{ControlTypeName(control), name, PlacementOf(control), {}};
-        if (entry.type.empty()) ThrowUnknownType(file, name);
-        control.WriteProperties(entry.settings);
-        content.controls.push_back(std::move(entry));
-    }
-    WriteAll(file, soft::FormFileText(content));
+FormFileControl Form::ContentOf(const host::Control& control) const {
+    const auto& entry = window_->EntryOf(control);
+    FormFileControl content{ControlTypeName(control), entry.name, PlacementOf(control), {}};
+    entry.control->WriteProperties(content.settings);
+    return content;
 }
 
-void Form::Load(const std::string& file) {
-    if (!Names().empty()) throw FileError(file + ": the form that is to be loaded is not empty");
-    soft::FormFile content = soft::ParseFormFile(ReadAll(file), file);
+FormFile Form::Content() const {
+    FormFile content{Caption(), Width(), Height(), {}};
+    for (const std::string& name : Names()) content.controls.push_back(ContentOf(*Find(name)));
+    return content;
+}
+
+host::Control& Form::Add(const FormFileControl& content) {
+    auto control = MakeControl(content.type);
+    if (!control) throw Error("there is no control type \"" + content.type + "\"");
+    host::Control& result = *control;
+    host::MemoryBag settings = content.settings;
+    Adopt(content.name, content.place, std::move(control), &settings);
+    return result;
+}
+
+void Form::Content(const FormFile& content) {
+    if (!Names().empty()) throw Error("the form that is to be filled is not empty");
     try {
-        for (soft::FormFileControl& control : content.controls)
-            Adopt(control.name, control.place, MakeControl(control.type), &control.settings);
+        for (const FormFileControl& control : content.controls) Add(control);
     } catch (...) {
         for (const std::string& name : Names()) Remove(*Find(name));
         throw;
     }
     Caption(content.caption);
     Size(content.width, content.height);
+}
+
+void Form::Save(const std::string& file) const {
+    const FormFile content = Content();
+    for (const FormFileControl& control : content.controls)
+        if (control.type.empty()) ThrowUnknownType(file, control.name);
+    SaveFormFile(content, file);
+}
+
+void Form::Load(const std::string& file) {
+    if (!Names().empty()) throw FileError(file + ": the form that is to be loaded is not empty");
+    Content(LoadFormFile(file));
+}
+
+void SaveFormFile(const FormFile& content, const std::string& file) {
+    WriteAll(file, FormFileText(content));
+}
+
+FormFile LoadFormFile(const std::string& file) {
+    return ParseFormFile(ReadAll(file), file);
 }
 
 } // namespace tvok

@@ -7,11 +7,11 @@
 #include <toml++/toml.h>
 
 #include "tvok/host/desktop/ControlTypes.h"
-#include "tvok/host/desktop/shell/FormFile.h"
+#include "tvok/host/desktop/FormFile.h"
 #include "tvok/host/desktop/shell/ProbeComponent.h"
 #include "tvok/records/Error.h"
 
-namespace tvok::soft {
+namespace tvok {
 
 namespace {
 
@@ -37,7 +37,7 @@ public:
 host::MemoryBag::Values KeysOf(const std::string& type) {
     KeyRecorder recorder;
     const auto control = MakeControl(type);
-    ProbeComponent probe(*control, &recorder);
+    soft::ProbeComponent probe(*control, &recorder);
     control->WriteProperties(recorder);
     return recorder.keys;
 }
@@ -206,7 +206,7 @@ FormFileControl Parser::ParseControl(const Table& table) {
         if (table.table.contains("settings"))
             control.settings = ParseSettings(TableAt(table, "settings"), control.type);
         const auto trial = MakeControl(control.type);
-        const ProbeComponent probe(*trial, &control.settings);
+        const soft::ProbeComponent probe(*trial, &control.settings);
     } catch (const FileError&) {
         throw;
     } catch (const std::exception& error) {
@@ -242,4 +242,4 @@ FormFile ParseFormFile(std::string_view text, const std::string& fileName) {
     return Parser(text, fileName).Parse();
 }
 
-} // namespace tvok::soft
+} // namespace tvok

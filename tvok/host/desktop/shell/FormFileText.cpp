@@ -1,10 +1,10 @@
 #include <charconv>
 #include <cstdlib>
 
-#include "tvok/host/desktop/shell/FormFile.h"
+#include "tvok/host/desktop/FormFile.h"
 #include "tvok/records/text.h"
 
-namespace tvok::soft {
+namespace tvok {
 
 namespace {
 
@@ -99,4 +99,4 @@ std::string FormFileText(const FormFile& file) {
     return text;
 }
 
-} // namespace tvok::soft
+} // namespace tvok

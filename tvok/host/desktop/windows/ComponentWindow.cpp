@@ -179,11 +179,12 @@ std::int32_t ComponentWindow::Process(Window& target, const Message& message) {
 std::int32_t ComponentWindow::KeyDown(const Message& message) {
     auto code = static_cast<std::int16_t>(message.wParam);
     std::int16_t shift = world().input.ShiftBits();
-    if (FormWindow* owner = world().FormOf(window())) owner->RaiseKeyDown(code, shift);
+    FormWindow* const form = FormWindow::Around(window());
+    if (form) form->RaiseKeyDown(code, shift);
     if (code == 0 || !window().IsAlive()) return 0;
     // A Tab that moves the focus is no key of the control's: a list would look for a text that begins with
     // it.
-    if (FormWindow* owner = world().FormOf(window()); owner && owner->TakeTab(code, shift)) return 1;
+    if (form && form->TakeTab(code, shift)) return 1;
     control_.KeyDown(code, shift);
     return 0;
 }

@@ -24,9 +24,20 @@ FormWindow::FormWindow(World& world, std::string_view text, std::int32_t width, 
     TopLevel& top = *window_.top();
     top.popup = false;
     top.caption = caption;
+    Open(width, height);
+}
+
+FormWindow::FormWindow(FormWindow& outer, Window& parent, std::string_view text, std::int32_t width,
+                       std::int32_t height)
+    : caption(text), world_(outer.world_), outer_(&outer), window_(world_.windows, *this) {
+    world_.windows.Attach(window_, &parent, {}, false);
+    Open(width, height);
+}
+
+void FormWindow::Open(std::int32_t width, std::int32_t height) {
     Size(width, height);
-    world.windows.Order(window_, host::HWND_TOP);
-    world.windows.Show(window_, true);
+    world_.windows.Order(window_, host::HWND_TOP);
+    world_.windows.Show(window_, true);
 }
 
 FormWindow::~FormWindow() {
@@ -37,6 +48,7 @@ void FormWindow::End() {
     if (std::exchange(ended_, true)) return;
     world_.FormGone(*this);
     const World::Running running(world_);
+    EndInner(window_);
     std::vector<ComponentWindow*> ending; // the end of one may remove another, which is buried then
     for (const Entry& entry : entries_) ending.push_back(entry.component.get());
     for (ComponentWindow* component : ending) component->End();
@@ -87,15 +99,18 @@ void FormWindow::Remove(host::Control& control) {
     if (found == entries_.end()) return;
     auto removed = std::make_shared<Entry>(std::move(*found));
     entries_.erase(found);
+    EndInner(removed->component->window());
     removed->component->End();
     world_.Bury(std::move(removed)); // one of its own events may be running
-    if (world_.focus.active() == this && world_.focus.focus() == 0) world_.focus.Focus(WantedFocus());
+    FormWindow& outermost = Outermost();
+    if (world_.focus.active() == &outermost && world_.focus.focus() == 0)
+        world_.focus.Focus(outermost.WantedFocus());
 }
 
 void FormWindow::SetCaption(std::string_view text) {
     caption = text;
     if (!window_.IsAlive()) return;
-    window_.top()->caption = caption;
+    if (window_.IsTopLevel()) window_.top()->caption = caption;
     world_.windows.InvalidateFrame(window_);
 }
 
@@ -111,10 +126,16 @@ void FormWindow::RequestClose() {
     if (ended_ || !form_) return;
     bool keep = false;
     form_->events.Closing(keep);
-    if (!keep && !ended_) world_.CloseForm(*form_);
+    if (keep || ended_) return;
+    if (outer_) {
+        outer_->CloseInner(*form_);
+    } else {
+        world_.CloseForm(*form_);
+    }
 }
 
 host::Handle FormWindow::WantedFocus() const {
+    if (IsDesigned()) return window_.handle();
     const Window* last = world_.windows.Find(lastFocus_);
     if (last && last->IsVisible() && last->IsInside(window_) && last != &window_) return lastFocus_;
     const auto first = std::ranges::find_if(
@@ -123,6 +144,7 @@ host::Handle FormWindow::WantedFocus() const {
 }
 
 bool FormWindow::MoveFocus(bool back) {
+    if (IsDesigned()) return false;
     const Window* focused = world_.windows.Find(world_.focus.focus());
     const auto count = static_cast<std::ptrdiff_t>(entries_.size());
     std::ptrdiff_t current = back ? 0 : -1;
@@ -145,10 +167,12 @@ bool FormWindow::TakeTab(std::int16_t code, std::int16_t shift) {
 }
 
 void FormWindow::RaiseKeyDown(std::int16_t& code, std::int16_t& shift) {
-    if (form_) form_->events.KeyDown(code, shift);
+    if (outer_) outer_->RaiseKeyDown(code, shift);
+    if (code != 0 && form_ && !ended_) form_->events.KeyDown(code, shift);
 }
 
 std::int32_t FormWindow::Process(Window& window, const Message& message) {
+    if (HearMouse(message)) return 0;
     switch (message.message) {
     case host::WM_PAINT: Paint(); return 0;
     case host::WM_ERASEBKGND:
@@ -165,7 +189,7 @@ std::int32_t FormWindow::Process(Window& window, const Message& message) {
         auto code = static_cast<std::int16_t>(message.wParam);
         std::int16_t shift = world_.input.ShiftBits();
         RaiseKeyDown(code, shift);
-        return !ended_ && TakeTab(code, shift) ? 1 : 0;
+        return !ended_ && (TakeTab(code, shift) || (outer_ && outer_->TakeTab(code, shift))) ? 1 : 0;
     }
     default: return 0;
     }
@@ -184,12 +208,12 @@ std::int32_t FormWindow::EraseColor() const {
 }
 
 Insets FormWindow::Frame() const {
-    if (world_.display->DecoratesWindows()) return {};
+    if (!outer_ && world_.display->DecoratesWindows()) return {};
     return {kBorder, kBorder + kTitleHeight, kBorder, kBorder};
 }
 
 tvok_Rect FormWindow::CloseButton() const {
-    if (world_.display->DecoratesWindows()) return {};
+    if (Frame() == Insets{}) return {};
     const std::int32_t right = WidthOf(window_.rect()) - kBorder - 2;
     const std::int32_t top = kBorder + (kTitleHeight - kCloseHeight) / 2;
     return {right - kCloseWidth, top, right, top + kCloseHeight};
@@ -201,7 +225,7 @@ void FormWindow::DrawFrame(Window& window, DeviceContext& context) {
     context.FillColor(outer, theme.colors[host::COLOR_BTNFACE]);
     DrawEdge(context, theme, outer, host::EDGE_RAISED, host::BF_RECT);
 
-    const bool active = world_.focus.active() == this;
+    const bool active = LooksActive();
     const tvok_Rect title{kBorder, kBorder, outer.Right - kBorder, kBorder + kTitleHeight - 1};
     context.FillColor(title, theme.colors[active ? host::COLOR_ACTIVECAPTION : host::COLOR_INACTIVECAPTION]);
     context.Select(world_.objects.Stock(host::DEFAULT_GUI_FONT));

@@ -143,11 +143,15 @@ std::int32_t InputRouter::StateBits() const {
            (IsDown(host::VK_MBUTTON) ? host::MK_MBUTTON : 0);
 }
 
-/// The window that a mouse message is for: the one with the capture, else the one under the pointer.
+/// The window that a mouse message is for: the one with the capture, else the one under the pointer, or its
+/// form where that is designed.
 Hit InputRouter::Aim() const {
     if (soft::Window* captured = world_.windows.Find(world_.focus.capture()))
         return {captured, host::HTCLIENT};
-    return world_.windows.HitTest(cursor_);
+    const Hit hit = world_.windows.HitTest(cursor_);
+    FormWindow* form = hit.window ? FormWindow::Around(*hit.window) : nullptr;
+    if (!form || !form->IsDesigned() || (hit.window == &form->window() && !form->IsInner())) return hit;
+    return {&form->window(), host::HTCLIENT};
 }
 
 void InputRouter::Press(const InputEvent& event) {

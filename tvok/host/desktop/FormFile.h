@@ -29,20 +29,24 @@
 #include "tvok/host/MemoryBag.h"
 #include "tvok/host/desktop/Form.h"
 
-namespace tvok::soft {
+namespace tvok {
 
+/// A control of a form file.
 struct FormFileControl {
     std::string type; ///< As registered.
     std::string name;
     Placement place;
     host::MemoryBag settings;
+    friend bool operator==(const FormFileControl&, const FormFileControl&) = default;
 };
 
+/// All that a form file holds.
 struct FormFile {
     std::string caption;
     std::int32_t width = 640; ///< Client size in pixels, 1 to 8192.
     std::int32_t height = 480;
     std::vector<FormFileControl> controls; ///< In the order of Tab.
+    friend bool operator==(const FormFile&, const FormFile&) = default;
 };
 
 /// Reads and checks a whole file: types that are known, names that are there once, keys that the control
@@ -54,4 +58,8 @@ FormFile ParseFormFile(std::string_view text, const std::string& fileName);
 /// Bytes that are not UTF-8 are written as U+FFFD.
 std::string FormFileText(const FormFile& file);
 
-} // namespace tvok::soft
+FormFile LoadFormFile(const std::string& file); ///< Throws `FileError`, also where it cannot be read.
+/// Puts the file in its place when it is wholly written. Throws `FileError`.
+void SaveFormFile(const FormFile& content, const std::string& file);
+
+} // namespace tvok
