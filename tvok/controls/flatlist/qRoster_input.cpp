@@ -87,7 +87,7 @@ void qRoster::ShowItem(std::int32_t index, bool last) {
 }
 
 void qRoster::RaiseItemEvent(Event<std::int32_t, qrosterdata&>& event, std::int32_t index) {
-    if (!event) return;
+    if (!event.IsHeard()) return;
     auto loan = items_.Lend(itemIndex_[index]);
     event(index, loan.record());
 }

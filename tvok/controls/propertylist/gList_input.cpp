@@ -42,7 +42,7 @@ void gList::Impl::ActivateRow(bool raise) {
 bool gList::Impl::OpenEditor() {
     if (state.ListIndex < 1 || state.ListIndex > state.Count) return false;
     const std::int32_t slot = CurrentSlot();
-    if ((items[slot].item.vflag & vflag::Editor) != 0 && events.ExEditorIni) {
+    if ((items[slot].item.vflag & vflag::Editor) != 0 && events.ExEditorIni.IsHeard()) {
         const auto loan = items.Lend(slot);
         events.ExEditorIni(loan.record());
     }

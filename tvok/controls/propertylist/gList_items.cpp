@@ -92,7 +92,7 @@ void gList::Impl::Clear(bool noRefresh) {
 
 /// One step of the walk: the record goes to the host as it is stored. False where the control ended there.
 bool gList::Impl::EnumItem(std::int32_t slot, std::int32_t action) {
-    if (events.EnumItems) {
+    if (events.EnumItems.IsHeard()) {
         const auto loan = items.Lend(slot);
         events.EnumItems(loan.record(), action);
     }
@@ -113,12 +113,13 @@ void gList::Impl::ReqEnumItems(std::int32_t action, std::string_view key) {
         }
         return;
     }
-    if (!events.EnumItems) return; // nobody to change a value
+    if (!events.EnumItems.IsHeard()) return;
     for (std::int32_t slot = 1; slot <= last; ++slot) {
         if (items[slot].bDelete) continue;
+        const bool answered{events.EnumItems}; // one who only watches changes no value
         const Variant before = items[slot].nData;
         if (!EnumItem(slot, action)) return;
-        if (items[slot].nData != before) ApplyItemValue(slot);
+        if (answered && items[slot].nData != before) ApplyItemValue(slot);
         if (!IsAlive()) return;
     }
 }

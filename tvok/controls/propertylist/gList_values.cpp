@@ -42,7 +42,7 @@ void gList::Impl::ApplyItemValue(std::int32_t slot) {
     case ItemKind::ListByText: record.item.text = Trim(record.nData.AsText()); return;
     case ItemKind::Host: break;
     }
-    if (!events.ExItemShowCov) return;
+    if (!events.ExItemShowCov.IsHeard()) return;
     const auto loan = items.Lend(slot);
     events.ExItemShowCov(loan.record());
 }
