@@ -72,8 +72,8 @@ bool World::ProcessEvents(std::chrono::milliseconds timeout) {
     {
         const Running running(*this);
         // What a host drew since the last turn is shown now, and not after the wait.
-        const auto wait = NeedsPresent() ? std::chrono::milliseconds{0}
-                                         : std::min(timeout, loop.Idle().value_or(timeout));
+        const auto wait =
+            NeedsPresent() ? std::chrono::milliseconds{0} : std::min(timeout, loop.Idle().value_or(timeout));
         display->Wait(std::clamp<std::chrono::milliseconds>(wait, std::chrono::milliseconds{0}, kLongestWait),
                       input);
         loop.Run();
