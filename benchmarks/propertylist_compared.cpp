@@ -1,58 +1,55 @@
-// The property list among other toolkits' property grids: `propertylist_compared CASE N` does `props_build`,
-// `props_move` or `props_toggle` with N properties in groups of 100, or of TVOK_COMPARED_GROUP, and prints
-// one line of JSON for each figure. It exits with 3 for a case that it does not have. In memory; with
-// TVOK_COMPARED_WINDOW in the environment in a window on the screen.
+// The property list among other toolkits' trees: folding a group, going to the next property, and building,
+// as benchmarks/peers/comparison.h tells.
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 
+#include "benchmarks/peers/comparison.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/tvok.h"
 
-#include <bench.h>
-
-namespace tvok::bench {
+namespace tvok::comparison {
 namespace {
 
-using ::bench::Args;
-using ::bench::measure;
-
-constexpr const char* cProgram = "tvok";
-
-std::int32_t GroupSize() {
-    const char* size = std::getenv("TVOK_COMPARED_GROUP");
-    return size != nullptr ? std::atoi(size) : 100;
-}
+constexpr int cEach = 100; ///< Properties of a group, but where one is folded.
 
 /// A window full of properties.
 class Properties {
 public:
-    explicit Properties(std::int32_t count)
-        : desktop_({.display = Where(),
-                    .fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
-                    .language = "en"}),
-          form_(desktop_.AddForm("properties", ::bench::kWidth, ::bench::kHeight)),
-          list_(form_.Add<gList>("list1", {0, 0, ::bench::kWidth, ::bench::kHeight})) {
-        list_.ItemHeight(::bench::kRowHeight);
+    explicit Properties(Run& run)
+        : run_(run), desktop_({.display = DesktopOptions::Display::Headless,
+                               .fontFile = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf",
+                               .language = "en"}),
+          form_(desktop_.AddForm("properties", cWidth, cHeight)),
+          list_(form_.Add<gList>("list1", {0, 0, cWidth, cHeight})) {
+        list_.ItemHeight(cRowHeight);
         list_.Sorted(false); // as the others are: in the order of adding
         list_.ListMode(1);
-        const std::int32_t each = GroupSize();
-        char text[32];
-        for (std::int32_t i = 0; i < count; ++i) {
-            const std::string group = "g" + std::to_string(i / each);
-            if (i % each == 0) AddGroup(group, "Group " + std::to_string(i / each));
+    }
+
+    void AddGroup(int number, int properties) {
+        elistdata group = list_.DefaultItem();
+        group.bParentItem = true;
+        group.hItem.key = "g" + std::to_string(number);
+        group.hItem.text = "Group " + std::to_string(number);
+        list_.AddItem(group);
+        for (int i = 0; i < properties; ++i) {
             elistdata item = list_.DefaultItem();
-            item.pKey = group;
-            item.hItem.key = "p" + std::to_string(i);
-            ::bench::cell_text(i, 1, text);
-            item.hItem.text = text;
-            ::bench::cell_text(i, 4, text);
-            item.item.text = text;
-            item.nData = Variant(text);
+            item.pKey = group.hItem.key;
+            item.hItem.key = "p" + std::to_string(added_);
+            item.hItem.text = CellText(added_, 1).View();
+            item.item.text = CellText(added_, 4).View();
+            item.nData = Variant(item.item.text);
             list_.AddItem(item);
+            ++added_;
         }
+    }
+    /// So many groups of `cEach`.
+    void AddGroups(int groups) {
+        for (int group = 0; group < groups; ++group) AddGroup(group, cEach);
+        Show();
+    }
+    void Show() {
         list_.BuiltList();
         Pump();
     }
@@ -71,79 +68,95 @@ public:
         Pump();
     }
     std::int32_t Count() const { return list_.Count(); }
-    void Shoot(const Args& args) {
-        if (!args.shot.empty()) desktop_.SaveScreen(args.shot);
+    std::int32_t Current() const { return list_.ListIndex(); }
+    void Finish(bool right, const char* what) {
+        run_.Expect(right, what);
+        if (!run_.picture.empty()) desktop_.SaveScreen(run_.picture);
     }
 
 private:
-    static DesktopOptions::Display Where() {
-        const char* window = std::getenv("TVOK_COMPARED_WINDOW");
-        return window != nullptr ? DesktopOptions::Display::Window : DesktopOptions::Display::Headless;
-    }
-    void AddGroup(const std::string& key, const std::string& caption) {
-        elistdata group = list_.DefaultItem();
-        group.bParentItem = true;
-        group.hItem.key = key;
-        group.hItem.text = caption;
-        list_.AddItem(group);
-    }
-
+    Run& run_;
     Desktop desktop_;
     Form& form_;
     gList& list_;
+    int added_ = 0;
 };
 
-void Build(const Args& args) {
+void Build(Run& run) {
     std::unique_ptr<Properties> properties;
-    const auto samples = measure(
-        10, 5, 1, [&](int) { properties.reset(); },
-        [&](int) { properties = std::make_unique<Properties>(static_cast<std::int32_t>(args.n)); });
-    ::bench::report(cProgram, "props_build", args.n, "ms", samples, 1e-3);
-    properties->Shoot(args);
+    run.Tell(Measure(
+                 2, [&](int) { properties.reset(); },
+                 [&](int) {
+                     properties = std::make_unique<Properties>(run);
+                     properties->AddGroups(run.rows() / cEach);
+                 }),
+             Unit::Milliseconds);
+    properties->Finish(properties->Count() == run.rows() / cEach * (cEach + 1), "all rows are there");
 }
 
-void Move(const Args& args) {
-    Properties properties(static_cast<std::int32_t>(args.n));
+void Move(Run& run) {
+    Properties properties(run);
+    properties.AddGroups(run.rows() / cEach);
     std::int32_t row = 2;
-    const auto samples = measure(
-        1000, 4, 20,
+    run.Tell(Measure(
+        20,
         [&](int i) {
-            if ((i + 3) % 35 == 0) properties.Select(row = 2);
+            if (i % cStepsOnPage == 0) properties.Select(row = 2);
         },
-        [&](int) { properties.Select(++row); });
-    ::bench::report(cProgram, "props_move", args.n, "us", samples);
-    properties.Shoot(args);
+        [&](int) { properties.Select(++row); }));
+    properties.Finish(properties.Current() == row, "each step moved");
 }
 
-void Toggle(const Args& args) {
-    Properties properties(static_cast<std::int32_t>(args.n));
-    const std::int32_t open = properties.Count();
-    int wrong = 0;
-    const auto samples = measure(
-        1000, 4, 20, [](int) {},
-        [&](int i) {
-            properties.Toggle();
-            const bool isOpen = (i + 3) % 2 != 0;
-            wrong += properties.Count() == (isOpen ? open : open - GroupSize()) ? 0 : 1;
-        });
-    ::bench::report(cProgram, "props_toggle", args.n, "us", samples);
-    if (wrong > 0) std::fprintf(stderr, "tvok: %d folds went wrong\n", wrong);
-    properties.Shoot(args);
+/// Folds or unfolds the first group of so many properties.
+class Folding {
+public:
+    Folding(Properties& properties, int inGroup)
+        : properties_(properties), inGroup_(inGroup), open_(properties.Count()) {}
+    void Step() {
+        properties_.Toggle();
+        isOpen_ = !isOpen_;
+        if (properties_.Count() != (isOpen_ ? open_ : open_ - inGroup_)) isRight_ = false;
+    }
+    void Finish() { properties_.Finish(isRight_, "each press folded or unfolded"); }
+
+private:
+    Properties& properties_;
+    std::int32_t inGroup_, open_;
+    bool isOpen_ = true, isRight_ = true;
+};
+
+void Toggle(Run& run) {
+    Properties properties(run);
+    properties.AddGroups(run.rows() / cEach);
+    Folding folding(properties, cEach);
+    run.Tell(Measure(
+        6, [](int) {}, [&](int) { folding.Step(); }));
+    folding.Finish();
+}
+
+void FoldAndUnfold(Run& run) {
+    Properties properties(run);
+    properties.AddGroup(0, run.rows());
+    for (int group = 1; group < cFoldGroups; ++group) properties.AddGroup(group, cFoldOthers);
+    properties.Show();
+    Folding folding(properties, run.rows());
+    run.Tell(Measure(
+        6, [](int) {},
+        [&](int) {
+            folding.Step();
+            folding.Step();
+        }));
+    folding.Finish();
 }
 
 } // namespace
-} // namespace tvok::bench
+} // namespace tvok::comparison
 
-int main(int argc, char** argv) {
-    const ::bench::Args args = ::bench::parse(argc, argv);
-    if (args.name == "props_build")
-        tvok::bench::Build(args);
-    else if (args.name == "props_move")
-        tvok::bench::Move(args);
-    else if (args.name == "props_toggle")
-        tvok::bench::Toggle(args);
-    else
-        return 3;
-    std::fflush(stdout);
-    return 0;
+int main(int count, char** arguments) {
+    using namespace tvok::comparison;
+    RunOne("tvok", count, arguments,
+           {{"props_build", Build},
+            {"props_move", Move},
+            {"props_toggle", Toggle},
+            {"props_fold", FoldAndUnfold}});
 }
