@@ -2,7 +2,6 @@
 
 #include <gtk/gtk.h>
 #include <thread>
-
 #include <tvok/host/desktop/Embedding.h>
 #include <tvok/host/desktop/Keysyms.h>
 #include <tvok/tvok.h>
@@ -55,10 +54,10 @@ struct DesktopWidget {
     }
     static int TurnNow(gpointer me) { return Self(me)->Turn(), G_SOURCE_REMOVE; }
     static void Draw(GtkDrawingArea*, cairo_t* cairo, int, int, gpointer me) {
-        const tvok::EmbeddedPixels pixels = Self(me)->embedding->Pixels();
-        auto* data = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(pixels.data)); // only read
-        cairo_surface_t* image = cairo_image_surface_create_for_data(data, CAIRO_FORMAT_RGB24, pixels.width,
-                                                                     pixels.height, int(pixels.stride * 4));
+        const auto [pixels, width, height, row] = Self(me)->embedding->Pixels();
+        auto* bytes = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(pixels)); // only read
+        auto* image =
+            cairo_image_surface_create_for_data(bytes, CAIRO_FORMAT_RGB24, width, height, int(row * 4));
         cairo_set_source_surface(cairo, image, 0, 0);
         cairo_pattern_set_filter(cairo_get_source(cairo), CAIRO_FILTER_NEAREST); // sharp at any scale factor
         cairo_paint(cairo);
@@ -146,4 +145,5 @@ int main() {
     const std::jthread other([&] { view.embedding->desktop().Post([&] { list.ListIndex(3); }); });
     while (!view.over) g_main_context_iteration(nullptr, true);
     gtk_window_destroy(window);
+    return 0;
 }

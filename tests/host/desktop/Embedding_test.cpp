@@ -1,105 +1,21 @@
-#include <atomic>
-#include <chrono>
-#include <map>
 #include <stdexcept>
 #include <thread>
 
 #include <gmock/gmock.h>
 
-#include "tests/host/desktop/windows/Recorder.h"
-#include "tests/support/TestDesktop.h"
+#include "tests/host/desktop/EmbeddedDesktop.h"
 #include "tvok/host/Services.h"
-#include "tvok/host/desktop/Embedding.h"
 
 namespace tvok::test {
 namespace {
 
-using namespace std::chrono_literals;
-using desktop::MouseButton;
-using host::Handle;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Layout = Embedding::Layout;
-
-constexpr std::uint32_t cRecorderPixel = 0x996633; // its 0x336699 is 0x00BBGGRR
-
-std::int32_t AreaOf(const std::vector<tvok_Rect>& rects) {
-    std::int32_t area = 0;
-    for (const tvok_Rect& rect : rects) area += (rect.Right - rect.Left) * (rect.bottom - rect.Top);
-    return area;
-}
-
-std::uint32_t PixelOf(const EmbeddedPixels& pixels, std::int32_t x, std::int32_t y) {
-    return pixels.data[y * pixels.stride + x];
-}
-
-/// An outer program that notes what it is asked.
-class EmbeddedDesktop : public testing::Test {
-protected:
-    explicit EmbeddedDesktop(Layout layout = Layout::OneSurface, bool waits = false)
-        : embedding(Options(), layout, Calls(waits)), form(embedding.desktop().AddForm("Form", 200, 100)) {
-        embedding.Fill(form);
-    }
-    DesktopOptions Options() const {
-        DesktopOptions options;
-        options.screenWidth = 200;
-        options.screenHeight = 100;
-        options.fontFile = cDejaVuSans;
-        options.language = "en";
-        options.clock = &clock;
-        return options;
-    }
-    EmbeddingCalls Calls(bool waits) {
-        EmbeddingCalls calls;
-        calls.wake = [this] { ++wakes; };
-        if (waits) calls.wait = [this](std::chrono::milliseconds) { onWait(); };
-        calls.pointer = [this](std::int16_t shape) { log.push_back("pointer " + std::to_string(shape)); };
-        const auto note = [this](const char* what, const EmbeddedWindow& window) {
-            windows[window.id] = window;
-            log.push_back(what + (window.popup ? " popup" : " " + window.caption));
-            if (onWindow) onWindow(window);
-        };
-        calls.opened = [note](const EmbeddedWindow& window) { note("opened", window); };
-        calls.changed = [note](const EmbeddedWindow& window) { note("changed", window); };
-        calls.closed = [this](Handle id) { log.push_back("closed " + windows[id].caption); };
-        return calls;
-    }
-    std::vector<std::string> TakeLog() { return std::exchange(log, {}); }
-    void Click(std::int32_t x, std::int32_t y, Handle window = 0) {
-        embedding.MouseMove(x, y, window);
-        embedding.desktop().Input().MouseDown(MouseButton::Left);
-        embedding.desktop().Input().MouseUp(MouseButton::Left);
-        embedding.Turn();
-    }
-
-    HeldClock clock;
-    std::atomic<int> wakes = 0;
-    std::vector<std::string> log;
-    std::map<Handle, EmbeddedWindow> windows;
-    std::function<void(const EmbeddedWindow&)> onWindow;
-    std::function<void()> onWait;
-    Embedding embedding;
-    Form& form;
-};
-
-class EmbeddedWindows : public EmbeddedDesktop {
-protected:
-    EmbeddedWindows() : EmbeddedDesktop(Layout::Windows) {}
-};
 
 class WaitingProgram : public EmbeddedDesktop {
 protected:
     WaitingProgram() : EmbeddedDesktop(Layout::OneSurface, true) {}
 };
-
-/// A square torn out of its component, at a place of the screen.
-std::unique_ptr<host::PictureWindow> OpenPopup(host::Component& owner, std::int32_t x, std::int32_t y) {
-    auto picture = owner.CreatePicture();
-    host::platform().SetParent(picture->hWnd(), 0);
-    host::platform().SetWindowPos(picture->hWnd(), host::HWND_TOPMOST, x, y, 30, 20, 0);
-    picture->Visible(true);
-    return picture;
-}
 
 TEST_F(EmbeddedDesktop, FillsTheSurfaceWithTheClientAreaOfAForm) {
     form.Add<Recorder>("control", {0, 0, 200, 100});
@@ -294,53 +210,108 @@ TEST_F(WaitingProgram, RunsTheOuterLoopWhileAHandlerWaits) {
     EXPECT_EQ(ran, 1);
 }
 
-TEST_F(EmbeddedWindows, TellsOfFormsAndPopupsAsOuterWindows) {
-    auto& control = form.Add<Recorder>("control", {0, 0, 200, 100});
-    EXPECT_THAT(TakeLog(), IsEmpty());
+TEST_F(EmbeddedDesktop, DamagesTheWholeSurfaceWhenTheThemeChanges) {
+    Settle();
+    const std::uint32_t before = PixelOf(embedding.Pixels(), 100, 50);
+    embedding.desktop().SetTheme(Theme::Dark());
     embedding.Turn();
-    EXPECT_THAT(TakeLog(), ElementsAre("opened Form"));
-    const Handle id = form.hWnd();
-    EXPECT_EQ(windows[id].rect.Right - windows[id].rect.Left, 200) << "without a frame";
-    EXPECT_EQ(AreaOf(embedding.TakeDamage(id)), 200 * 100);
-    EXPECT_EQ(PixelOf(embedding.Pixels(id), 0, 0), cRecorderPixel);
-    EXPECT_EQ(embedding.Pixels().data, nullptr);
-
-    auto popup = OpenPopup(*control.component, 700, 50);
-    embedding.Turn();
-    EXPECT_THAT(TakeLog(), ElementsAre("opened popup"));
-    EXPECT_EQ(windows[popup->hWnd()].rect, (tvok_Rect{700, 50, 730, 70}));
-    form.Caption("Other");
-    form.Close();
-    embedding.Turn();
-    EXPECT_THAT(TakeLog(), testing::Contains("closed Form"));
-    EXPECT_THAT(embedding.TakeDamage(id), IsEmpty());
+    EXPECT_EQ(AreaOf(embedding.TakeDamage()), 200 * 100);
+    EXPECT_NE(PixelOf(embedding.Pixels(), 100, 50), before);
 }
 
-TEST_F(EmbeddedWindows, TakesWhereTheUserPutAWindow) {
-    auto& control = form.Add<Recorder>("control", {0, 0, 500, 500});
-    embedding.Turn();
-    const Handle id = form.hWnd();
-    embedding.Moved(1000, 700, id);
-    embedding.Resize(250, 80, id);
-    control.TakeLog();
-    TakeLog();
-    Click(245, 75, id);
-    EXPECT_THAT(control.TakeLog(), testing::Contains("Click"));
-    EXPECT_EQ(form.Width(), 250);
-    EXPECT_THAT(TakeLog(), IsEmpty()) << "the program knows";
-    EXPECT_EQ(AreaOf(embedding.TakeDamage(id)), 250 * 80);
-    Click(245, 75, id + 1);
-    EXPECT_THAT(control.TakeLog(), testing::Not(testing::Contains("MouseMove")));
+// The clipboard.
+
+TEST_F(EmbeddedDesktop, KeepsAClipboardOfItsOwnWhereTheProgramHasNone) {
+    embedding.desktop().ClipboardText("kept");
+    EXPECT_EQ(embedding.desktop().ClipboardText(), "kept");
 }
 
-TEST_F(EmbeddedWindows, LetsAWindowsCallCloseTheForm) {
-    form.Add<Recorder>("control", {0, 0, 200, 100});
-    onWindow = [&](const EmbeddedWindow&) {
-        form.Close();
+/// With `readClipboard` and `writeClipboard` where they are asked for.
+EmbeddingCalls ClipboardCalls(std::string& outer, bool reads, bool writes) {
+    EmbeddingCalls calls;
+    if (reads) calls.readClipboard = [&] { return outer; };
+    if (writes) calls.writeClipboard = [&](std::string_view text) { outer = text; };
+    return calls;
+}
+
+DesktopOptions PlainOptions() {
+    DesktopOptions options;
+    options.fontFile = cDejaVuSans;
+    options.language = "en";
+    return options;
+}
+
+TEST(Embedding, CopiesToAndPastesFromTheProgramsClipboard) {
+    std::string outer = "Grüße";
+    Embedding embedding(PlainOptions(), Layout::OneSurface, ClipboardCalls(outer, true, true));
+    Form& form = embedding.desktop().AddForm("Form", 200, 100);
+    embedding.Fill(form);
+    auto& box = form.Add<TextBox>("box", {10, 10, 100, 20});
+    embedding.Turn();
+    embedding.MouseMove(20, 20);
+    embedding.desktop().Input().MouseDown(MouseButton::Left);
+    embedding.desktop().Input().MouseUp(MouseButton::Left);
+    const auto withControl = [&](std::int32_t key) {
+        embedding.desktop().Input().KeyDown(host::VK_CONTROL);
+        embedding.desktop().Input().KeyDown(key);
+        embedding.desktop().Input().KeyUp(key);
+        embedding.desktop().Input().KeyUp(host::VK_CONTROL);
         embedding.Turn();
     };
-    EXPECT_FALSE(embedding.Turn());
-    EXPECT_THAT(log, ElementsAre("opened Form", "closed Form"));
+    withControl('V');
+    EXPECT_EQ(box.Text(), "Grüße");
+    outer.clear();
+    withControl('A');
+    withControl('X');
+    EXPECT_EQ(outer, "Grüße");
+    EXPECT_EQ(box.Text(), "");
+}
+
+TEST(Embedding, UsesTheProgramsClipboardOnlyWhereItBothReadsAndWrites) {
+    for (const bool reads : {false, true}) {
+        std::string outer = "outer";
+        Embedding embedding(PlainOptions(), Layout::OneSurface, ClipboardCalls(outer, reads, !reads));
+        embedding.desktop().ClipboardText("inner");
+        EXPECT_EQ(outer, "outer");
+        EXPECT_EQ(embedding.desktop().ClipboardText(), "inner");
+    }
+}
+
+// Errors.
+
+TEST_F(EmbeddedDesktop, GoesOnAfterAClickWhoseHandlerThrew) {
+    auto& control = form.Add<Recorder>("control", {0, 0, 200, 100});
+    Settle();
+    control.onEvent = [&](const std::string& event) {
+        if (event.starts_with("MouseDown")) throw std::runtime_error("handler");
+    };
+    EXPECT_THROW(Click(5, 5), std::runtime_error);
+    control.onEvent = nullptr;
+    control.TakeLog();
+    embedding.Turn();
+    EXPECT_THAT(control.TakeLog(), testing::Contains("MouseUp 1 0 75 75")) << "the rest of the input";
+}
+
+TEST_F(WaitingProgram, LetsThroughWhatTheOuterLoopThrows) {
+    Settle();
+    onWait = [] { throw std::runtime_error("loop"); };
+    EXPECT_THROW(embedding.desktop().ProcessEvents(1h), std::runtime_error);
+    onWait = [] {};
+    EXPECT_TRUE(embedding.Turn());
+}
+
+TEST_F(EmbeddedDesktop, IgnoresAWindowThatNamesNothing) {
+    Settle();
+    const Handle nothing = form.hWnd() + 1000;
+    embedding.Resize(50, 50, nothing);
+    embedding.Moved(5, 5, nothing);
+    embedding.MouseMove(5, 5, nothing);
+    embedding.FocusIn(nothing);
+    embedding.CloseRequest(nothing);
+    EXPECT_TRUE(embedding.Turn());
+    EXPECT_THAT(embedding.TakeDamage(nothing), IsEmpty());
+    EXPECT_EQ(embedding.Pixels(nothing).data, nullptr);
+    EXPECT_EQ(form.Width(), 200);
 }
 
 } // namespace
