@@ -34,8 +34,9 @@ public:
     /// Handlers may do anything to the control, also clear it, rebuild it, throw or end it. A record is the
     /// stored one where that is told, so that changes stay; else a copy of the moment.
     struct Events {
-        Event<elistdata&, std::int32_t>
-            EnumItems;                            ///< `ReqEnumItems` comes by: the stored record, `ActionID`.
+        /// A built-in type changed the value, with `ActionID` 0, or `ReqEnumItems` comes by with its own. The
+        /// stored record.
+        Event<elistdata&, std::int32_t> EnumItems;
         Event<std::int32_t, elistdata&> Change;   ///< The current row moved to this row.
         Event<std::int32_t, elistdata&> Click;    ///< A row was activated: the button was let go, or a key.
         Event<std::int32_t, elistdata&> DblClick; ///< Flat list only: a double click in a grouped one folds.

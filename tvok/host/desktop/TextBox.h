@@ -27,7 +27,7 @@ public:
         Event<> Change;                              ///< The text changed, by the user or by a write.
         Event<std::int16_t&, std::int16_t&> KeyDown; ///< KeyCode and Shift; what is left in them is acted on.
         Event<> Enter;                               ///< The user pressed the Enter key.
-        Event<> LostFocus;
+        Event<> LostFocus;                           ///< The focus went elsewhere.
     };
     Events events;
 
@@ -44,9 +44,9 @@ public:
 
     // The selection, in code points from 0.
 
-    std::int32_t SelStart() const;
-    std::int32_t SelLength() const;
-    std::string SelText() const;
+    std::int32_t SelStart() const;                        ///< Its first character, or the caret's place.
+    std::int32_t SelLength() const;                       ///< 0 where nothing is selected.
+    std::string SelText() const;                          ///< UTF-8.
     void Select(std::int32_t start, std::int32_t length); ///< Limited to the text. The caret is at its end.
 
     OLE_COLOR BackColor() const { return backColor_; } ///< Default window background.
