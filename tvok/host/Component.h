@@ -30,13 +30,13 @@ public:
     virtual float Height() const = 0;
     virtual void Width(float twips) = 0; ///< A real change leads to `Control::Resize` before this returns.
     virtual void Height(float twips) = 0;
-    virtual void Size(float width, float height) = 0;
-    virtual void Move(float left, float top) = 0;
-    virtual bool Visible() const = 0;
+    virtual void Size(float width, float height) = 0; ///< Both at once, with one `Resize`.
+    virtual void Move(float left, float top) = 0;     ///< The size stays.
+    virtual bool Visible() const = 0;                 ///< Its own state, whether its form is visible or not.
     virtual void Visible(bool show) = 0;
     virtual void ZOrder(std::int32_t position) = 0; ///< 0 front, 1 back.
 
-    virtual OLE_COLOR BackColor() const = 0;
+    virtual OLE_COLOR BackColor() const = 0; ///< Also a system colour. A write repaints.
     virtual void BackColor(OLE_COLOR color) = 0;
     virtual OLE_COLOR ForeColor() const = 0;     ///< Default button text.
     virtual void ForeColor(OLE_COLOR color) = 0; ///< Also the text colour of `hDC`, until that is set anew.

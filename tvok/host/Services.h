@@ -15,10 +15,10 @@ namespace tvok::host {
 class Screen {
 public:
     virtual ~Screen() = default;
-    virtual float TwipsPerPixelX() const = 0;
+    virtual float TwipsPerPixelX() const = 0; ///< 15 on a screen of 96 dots per inch.
     virtual float TwipsPerPixelY() const = 0;
-    virtual float Width() const = 0; ///< In twips.
-    virtual float Height() const = 0;
+    virtual float Width() const = 0;  ///< In twips.
+    virtual float Height() const = 0; ///< In twips.
 };
 
 /// String resources by number, in the language of the process.
@@ -49,7 +49,7 @@ public:
 class Language {
 public:
     virtual ~Language() = default;
-    virtual std::string UpperCase(std::string_view text) const = 0;
+    virtual std::string UpperCase(std::string_view text) const = 0; ///< Of a whole text, as `LowerCase`.
     virtual std::string LowerCase(std::string_view text) const = 0;
     /// -1, 0 or 1, with the case of letters ignored.
     virtual int CompareText(std::string_view a, std::string_view b) const = 0;
@@ -61,14 +61,14 @@ public:
 class Services {
 public:
     virtual ~Services() = default;
-    virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0;
-    virtual std::unique_ptr<WindowHook> CreateWindowHook() = 0;
+    virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0; ///< Not attached yet.
+    virtual std::unique_ptr<WindowHook> CreateWindowHook() = 0;   ///< Not attached yet.
     virtual const host::Screen& Screen() const = 0;
     virtual const host::StringResources& StringResources() const = 0;
     virtual host::TemporaryFiles& TemporaryFiles() = 0;
     virtual host::ColorPicker& ColorPicker() = 0;
     virtual const host::Language& Language() const = 0;
-    virtual std::int32_t ThreadID() const = 0;
+    virtual std::int32_t ThreadID() const = 0; ///< The target of hooks for the thread's messages.
 };
 
 /// The thread's current services. Throws `ObjectError` while there are none.

@@ -76,7 +76,7 @@ inline constexpr std::int32_t IconOnBackground = 0x00000040; ///< The icon box g
 inline constexpr std::int32_t HostIcon = 0x00000080;         ///< `ExDraw` 128 replaces the image.
 inline constexpr std::int32_t HostText = 0x00000100;         ///< `ExDraw` 256 replaces the text.
 inline constexpr std::int32_t HostHead = 0x00000200;         ///< `ExDraw` 512 after the head band is filled.
-inline constexpr std::int32_t Bold = 0x00100000;
+inline constexpr std::int32_t Bold = 0x00100000; ///< This and the three below: styles of the text.
 inline constexpr std::int32_t Underline = 0x00200000;
 inline constexpr std::int32_t Italic = 0x00400000;
 inline constexpr std::int32_t Strikethrough = 0x00800000;
@@ -123,15 +123,15 @@ struct qrosterheader {
 
 /// The row record of `gList`.
 struct elistdata {
-    std::string pKey{};     ///< Key of the parent row.
-    qrosterdata hItem{};    ///< Caption cell.
-    qrosterdata item{};     ///< Value cell.
-    Variant nData{};        ///< The value.
-    std::string xbuttons{}; ///< Description of the in-cell buttons.
-    bool bDelete = false;
-    bool bVisible = false;
-    bool bParentItem = false;
-    std::string HelpStr{};
+    std::string pKey{};       ///< Key of the parent row.
+    qrosterdata hItem{};      ///< Caption cell.
+    qrosterdata item{};       ///< Value cell.
+    Variant nData{};          ///< The value.
+    std::string xbuttons{};   ///< Description of the in-cell buttons.
+    bool bDelete = false;     ///< Owned by the control.
+    bool bVisible = false;    ///< In a flat list, and for a group, whether there is a row.
+    bool bParentItem = false; ///< A group.
+    std::string HelpStr{};    ///< The host's.
 
     friend bool operator==(const elistdata&, const elistdata&) = default;
 };

@@ -27,7 +27,7 @@ class World;
 class Clock {
 public:
     virtual ~Clock() = default;
-    virtual std::chrono::milliseconds Now() const = 0;
+    virtual std::chrono::milliseconds Now() const = 0; ///< Never less than before.
 };
 
 /// What a desktop is made with. The defaults are those of a program for a user.
@@ -37,9 +37,9 @@ struct DesktopOptions {
 
     Display display = Display::Automatic;
     Theme theme = Theme::Classic();
-    std::int32_t screenWidth = 1280; ///< Of a headless screen, in pixels.
-    std::int32_t screenHeight = 1024;
-    float scale = 1;      ///< Screen pixels for each pixel of a window, 0.5 to 4.
+    std::int32_t screenWidth = 1280;  ///< Of a headless screen, in pixels.
+    std::int32_t screenHeight = 1024; ///< The same.
+    float scale = 1;                  ///< Screen pixels for each pixel of a window, 0.5 to 4.
     std::string fontFile; ///< One font file for every look-up: pixels that do not depend on the machine.
     /// "en", "tr", …: casing and order of texts, and the language of the string resources; empty for the
     /// user's.
@@ -74,8 +74,8 @@ public:
     /// Runs `task` on the desktop's thread in its turn. The one member that other threads may call.
     void Post(std::function<void()> task);
 
-    bool IsHeadless() const; ///< Nothing of it is on a screen.
-    const Theme& CurrentTheme() const;
+    bool IsHeadless() const;           ///< Nothing of it is on a screen.
+    const Theme& CurrentTheme() const; ///< As of the last `SetTheme`.
     /// Repaints everything; fonts follow a changed resolution. A component whose client area changed by it
     /// hears `Resize`.
     void SetTheme(const Theme& theme);

@@ -31,12 +31,12 @@ class EmbeddedDisplay;
 
 /// A form or a popup that wants an outer window of its own.
 struct EmbeddedWindow {
-    host::Handle id = 0;
+    host::Handle id = 0; ///< What members take as `window`.
     tvok_Rect rect;      ///< Its pixels on the desktop's screen, without what the outer window has around it.
     std::string caption; ///< UTF-8.
     bool popup = false;  ///< Borderless, above the forms, never takes the focus.
-    bool resizable = true;
-    bool visible = false;
+    bool resizable = true; ///< The user may change its size.
+    bool visible = false;  ///< Else the outer window is to be hidden.
 };
 
 /// What the desktop asks of the program. Each may be empty. All but `wake` come on the desktop's thread.
@@ -87,7 +87,7 @@ public:
     Embedding(const Embedding&) = delete;
     Embedding& operator=(const Embedding&) = delete;
 
-    Desktop& desktop() { return *desktop_; }
+    Desktop& desktop() { return *desktop_; } ///< The same for its whole life.
 
     // Turns.
 

@@ -33,10 +33,10 @@ namespace tvok {
 
 /// A control of a form file.
 struct FormFileControl {
-    std::string type; ///< As registered.
-    std::string name;
-    Placement place;
-    host::MemoryBag settings;
+    std::string type;         ///< As registered.
+    std::string name;         ///< As `Form::Find` takes it.
+    Placement place;          ///< In pixels of the client area.
+    host::MemoryBag settings; ///< What the control reads.
     friend bool operator==(const FormFileControl&, const FormFileControl&) = default;
 };
 
