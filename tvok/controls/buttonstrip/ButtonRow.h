@@ -23,6 +23,7 @@ inline constexpr std::int16_t Pressed = 1;   ///< Held by the mouse, wherever th
 inline constexpr std::int16_t DrawnDown = 2; ///< What is on the screen is the pressed face.
 } // namespace buttonstate
 
+/// One button, as the setting text describes it.
 struct StripButton {
     std::string text{}; ///< Caption; empty for images and symbols.
     std::string key{};  ///< What events give to the host. Need not be unique.
