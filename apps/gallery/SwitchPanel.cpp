@@ -8,11 +8,12 @@ namespace gallery {
 namespace {
 
 constexpr std::int32_t IconArea = 26;
-constexpr std::int32_t NameWidth = 112;
 
 } // namespace
 
-SwitchPanel::SwitchPanel(tvok::qRoster& list, std::int32_t icons, std::int32_t columns) : list_(list) {
+SwitchPanel::SwitchPanel(tvok::qRoster& list, std::int32_t icons, std::int32_t columns,
+                         std::int32_t nameWidth)
+    : list_(list), nameWidth_(nameWidth) {
     list_.FixedHeight(false);
     list_.GridlineWidth(0);
     list_.xn(columns);
@@ -21,7 +22,7 @@ SwitchPanel::SwitchPanel(tvok::qRoster& list, std::int32_t icons, std::int32_t c
     list_.IconPos(tvok::PackIconPos(
         {.Height = IconSize, .width = IconSize, .Top = (RowHeight - IconSize) / 2, .Left = 5}));
     list_.IconHandle(icons);
-    list_.TabStopSettingStr(std::to_string(NameWidth));
+    list_.TabStopSettingStr(std::to_string(nameWidth_));
     list_.events.MouseDown = [this](auto&...) { pressed_ = list_.ListIndex(); };
     list_.events.MouseUp = [this](auto&...) { pressed_ = 0; };
     const auto clicked = [this](std::int32_t index, tvok::qrosterdata&) {
@@ -69,7 +70,7 @@ void SwitchPanel::Flip(std::size_t place) {
 }
 
 void SwitchPanel::Spread(std::int32_t width) {
-    list_.ItemWidth(std::max(width / list_.xn(), NameWidth));
+    list_.ItemWidth(std::max(width / list_.xn(), nameWidth_));
     list_.Refresh();
 }
 

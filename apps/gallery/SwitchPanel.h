@@ -24,8 +24,12 @@ class SwitchPanel {
 public:
     static constexpr std::int32_t RowHeight = 22;
 
-    /// The list belongs to the form. `icons` is an image list of `DrawIcons`.
-    SwitchPanel(tvok::qRoster& list, std::int32_t icons, std::int32_t columns);
+    static constexpr std::int32_t NameWidth = 112;
+
+    /// The list belongs to the form. `icons` is an image list of `DrawIcons`. A name is `nameWidth` pixels
+    /// wide.
+    SwitchPanel(tvok::qRoster& list, std::int32_t icons, std::int32_t columns,
+                std::int32_t nameWidth = NameWidth);
 
     void Add(PanelSwitch added);
     /// Shows what the switches say now; only rows that changed are painted.
@@ -41,6 +45,7 @@ private:
     tvok::qrosterdata ItemOf(const PanelSwitch& shown) const;
 
     tvok::qRoster& list_;
+    std::int32_t nameWidth_;
     std::vector<PanelSwitch> switches_;
     std::int32_t pressed_ = 0; // the row that the mouse went down on, while it is down
 };

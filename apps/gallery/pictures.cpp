@@ -32,6 +32,12 @@ std::shared_ptr<Window> OpenAnew(tvok::Desktop& desktop, const std::string& page
     return window;
 }
 
+/// So that the pictures are the same at any time of day.
+void SetClock(EventStore& store) {
+    using namespace std::chrono;
+    store.Clock([now = milliseconds(hours(9) + minutes(30))]() mutable { return now += milliseconds(125); });
+}
+
 } // namespace
 
 std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& entry,
@@ -61,6 +67,7 @@ std::vector<std::string> WriteWorkbench(tvok::Desktop& desktop, const std::vecto
     for (const std::string& theme : themes) {
         desktop.SetTheme(tvok::Theme::ByName(theme));
         const auto window = OpenAnew(desktop, "lists", Panes::Shown);
+        SetClock(window->log()->store());
         for (const Scene& scene : window->Scenes()) {
             scene.act();
             desktop.ProcessEvents(std::chrono::milliseconds(0));
