@@ -23,7 +23,7 @@ public:
     /// Enter, Backspace, Escape, Tab and Control with a letter give their WM_CHAR by themselves; what can be
     /// printed comes by `Text`.
     virtual void KeyDown(std::int32_t virtualKey) = 0;
-    virtual void KeyUp(std::int32_t virtualKey) = 0; ///< For each `KeyDown` one.
+    virtual void KeyUp(std::int32_t virtualKey) = 0; ///< When the key comes up.
     /// Characters typed, after the `KeyDown` that made them: one WM_CHAR for each UTF-16 unit. Dropped where
     /// a key hook took that key.
     virtual void Text(std::string_view utf8) = 0;
