@@ -8,6 +8,7 @@
 #include "apps/gallery/ListsPage.h"
 #include "apps/gallery/PopupsPage.h"
 #include "apps/gallery/PropertiesPage.h"
+#include "apps/gallery/design/DesignPage.h"
 
 namespace gallery {
 
@@ -35,6 +36,7 @@ const std::vector<PageEntry>& Pages() {
          Make<ColorsPage>},
         {"properties", "Properties", Icon::Gear, "a property list over the live controls beside it",
          Make<PropertiesPage>},
+        {"design", "Design", Icon::Brackets, "a form to arrange, to save and to run", Make<DesignPage>},
     };
     return pages;
 }
