@@ -349,7 +349,7 @@ private:
 
 TEST_F(DesignedFormTest, ThousandsOfEditsUndosAndRedosGiveTheSameTextsAgain) {
     std::mt19937 random(tvok::test::FromEnvironment("TVOK_RANDOM_SEED", 6011));
-    const std::uint32_t steps = tvok::test::FromEnvironment("TVOK_RANDOM_STEPS", 4000);
+    const std::uint32_t steps = tvok::test::FromEnvironment("TVOK_RANDOM_STEPS", 2500);
     RandomEditor editor(design, random);
     std::vector<std::string> texts{design.Text()}; // of each step
     std::size_t now = 0;

@@ -462,6 +462,24 @@ TEST_F(DesignWithPanes, TheInspectorShowsWhatIsSelected) {
     EXPECT_THAT(Selected(), IsEmpty());
 }
 
+TEST_F(DesignWithPanes, TheFormsOwnPropertiesAreStepsToo) {
+    const std::vector<PropertyGroup> groups = page().Subjects()->front().properties();
+    ASSERT_THAT(groups, SizeIs(1));
+    const auto property = [&](const std::string& name) {
+        return *std::ranges::find(groups[0].properties, name, &Property::name);
+    };
+    property("Caption").set("Stock");
+    property("Width").set(400);
+    property("Height").set(100);
+    EXPECT_EQ(property("Caption").get(), tvok::Variant("Stock"));
+    EXPECT_EQ(property("Width").get(), tvok::Variant(400));
+    EXPECT_THAT(model().Text(),
+                testing::StartsWith("[form]\ncaption = \"Stock\"\nwidth = 400\nheight = 100\n"));
+    for (int i = 0; i < 3; ++i) designer().Undo();
+    EXPECT_EQ(form().Caption(), "Form");
+    EXPECT_EQ(form().Height(), 240);
+}
+
 TEST_F(DesignWithPanes, APropertyFromTheInspectorIsAStep) {
     Click(20, 20);
     const std::string before = model().Text();

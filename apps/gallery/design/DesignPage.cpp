@@ -222,13 +222,27 @@ std::optional<std::vector<Subject>> DesignPage::Subjects() {
 
 PropertyGroup DesignPage::FormProperties() {
     DesignedForm& model = designer_.model();
-    tvok::Form& form = designer_.form();
+    const tvok::Form& form = designer_.form();
+    const auto side = [](const char* name, auto get, auto set) {
+        return Property{.name = name,
+                        .kind = ValueKind::Number,
+                        .get = [get] { return tvok::Variant(get()); },
+                        .set = [set](const tvok::Variant& value) { set(value.AsInteger()); },
+                        .least = 1,
+                        .most = 8192};
+    };
     PropertyGroup group{FormSubject, "Form", {}};
     group.properties.push_back(
         {.name = "Caption",
          .kind = ValueKind::Text,
          .get = [&form] { return tvok::Variant(form.Caption()); },
          .set = [&model](const tvok::Variant& value) { model.Caption(value.AsText()); }});
+    group.properties.push_back(side(
+        "Width", [&form] { return form.Width(); },
+        [&model, &form](std::int32_t width) { model.Size(width, form.Height()); }));
+    group.properties.push_back(side(
+        "Height", [&form] { return form.Height(); },
+        [&model, &form](std::int32_t height) { model.Size(form.Width(), height); }));
     return group;
 }
 

@@ -47,7 +47,7 @@ std::size_t DesignedForm::PlaceOf(const std::string& name) const {
 std::string DesignedForm::FreeName(const std::string& type, const std::string& wanted) const {
     if (!wanted.empty() && PlaceOf(wanted) == now_.controls.size()) return wanted;
     for (std::size_t number = 1;; ++number) {
-        const std::string name = type + std::to_string(number);
+        std::string name = type + std::to_string(number);
         if (PlaceOf(name) == now_.controls.size()) return name;
     }
 }
@@ -83,7 +83,7 @@ void DesignedForm::Commit() {
 // Edits.
 
 std::string DesignedForm::Add(const std::string& type, const tvok::Placement& place) {
-    const std::string name = FreeName(type);
+    std::string name = FreeName(type);
     form_.Adopt(name, Limited(place), tvok::MakeControl(type), nullptr);
     now_.controls.push_back(Read(*form_.Find(name)));
     Commit();
