@@ -42,11 +42,11 @@ ColorsPage::ColorsPage(tvok::Desktop& desktop, tvok::Form& form, const Collectio
     : desktop_(desktop), form_(form), list_(form.Add<tvok::qRoster>("colors.list", {})) {
     for (std::size_t use = 0; use < UseCount; ++use) {
         auto& selector = form.Add<tvok::ucColorSelector>("colors." + std::to_string(use + 1), {});
-        selector.ForeColor(tvok::dgi::TranslateColor(tvok::cWindowText)); // it takes a plain one
         selector.borderColor(tvok::SystemColor(tvok::host::COLOR_BTNSHADOW));
         selector.SelectColor(Uses[use].first);
         fields_[use].selector = &selector;
     }
+    ColorsPage::ThemeChanged();
     list_.FixedHeight(false);
     list_.ItemHeight(RowHeight);
     list_.CX_TEXT(IconArea);
@@ -200,6 +200,11 @@ void ColorsPage::Key(std::int32_t key) {
     desktop_.Input().KeyDown(key);
     desktop_.Input().KeyUp(key);
     Process();
+}
+
+void ColorsPage::ThemeChanged() {
+    for (const Field& field : fields_)
+        field.selector->ForeColor(tvok::dgi::TranslateColor(tvok::cWindowText)); // it takes a plain one
 }
 
 void ColorsPage::Process() {

@@ -24,6 +24,7 @@ public:
     ColorsPage(tvok::Desktop& desktop, tvok::Form& form, const Collection& collection);
     void Layout(const tvok::tvok_Rect& area) override;
     void Paint(tvok::host::Handle hDC) override;
+    void ThemeChanged() override;
     bool IsLive() const override { return true; }
     void Turn(std::chrono::milliseconds) override { Follow(); }
     std::vector<Scene> Scenes() override;

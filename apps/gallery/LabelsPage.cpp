@@ -28,6 +28,12 @@ LabelsPage::LabelsPage(tvok::Desktop& desktop, tvok::Form& form)
     AddPlainOnes();
     AddFramedOnes();
     AddTexts();
+    LabelsPage::ThemeChanged();
+}
+
+void LabelsPage::ThemeChanged() {
+    for (const Entry& entry : entries_)
+        entry.label->ForeColor(entry.label == colored_ ? RisingColor() : Plain(tvok::cWindowText));
 }
 
 tvok::iLabel& LabelsPage::Add(const std::string& heading, const std::string& caption, Icon icon) {
@@ -37,7 +43,6 @@ tvok::iLabel& LabelsPage::Add(const std::string& heading, const std::string& cap
     label.IconLeft(8);
     label.IconTop(16);
     label.TextLeft(TextStart);
-    label.ForeColor(Plain(tvok::cWindowText));
     label.Caption(caption);
     Hear(label, caption);
     entries_.push_back({heading, &label});
@@ -54,7 +59,7 @@ void LabelsPage::AddPlainOnes() {
     auto& bold = Add("Font, ForeColor", "In a font and a colour of its own", Icon::Books);
     bold.Font()->Bold(true);
     bold.Font()->Italic(true);
-    bold.ForeColor(RisingColor());
+    colored_ = &bold;
 }
 
 void LabelsPage::AddFramedOnes() {

@@ -17,6 +17,7 @@ public:
     LabelsPage(tvok::Desktop& desktop, tvok::Form& form);
     void Layout(const tvok::tvok_Rect& area) override;
     void Paint(tvok::host::Handle hDC) override;
+    void ThemeChanged() override;
     std::vector<Scene> Scenes() override;
 
     tvok::iLabel& label(std::size_t place) { return *entries_.at(place).label; }
@@ -43,6 +44,7 @@ private:
     Fonts fonts_;
     std::int32_t icons_;
     std::vector<Entry> entries_;
+    tvok::iLabel* colored_ = nullptr; // the one whose text is not in the window's colour
     std::string lastEvent_ = "Press a label, or go from one to the next with Tab";
     tvok::tvok_Rect area_;
 };

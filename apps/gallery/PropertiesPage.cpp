@@ -172,8 +172,12 @@ void PropertiesPage::SetUpLabel() {
     label_.IconLeft(8);
     label_.IconTop(12);
     label_.TextLeft(30);
-    label_.ForeColor(tvok::dgi::TranslateColor(tvok::cWindowText)); // which takes plain colours alone
+    PropertiesPage::ThemeChanged();
     label_.Caption("A label whose every property is at the left");
+}
+
+void PropertiesPage::ThemeChanged() {
+    label_.ForeColor(tvok::dgi::TranslateColor(tvok::cWindowText)); // which takes plain colours alone
 }
 
 void PropertiesPage::SetUpSwitches() {

@@ -24,6 +24,7 @@ public:
     PropertiesPage(tvok::Desktop& desktop, tvok::Form& form);
     void Layout(const tvok::tvok_Rect& area) override;
     void Paint(tvok::host::Handle hDC) override;
+    void ThemeChanged() override;
     std::vector<Scene> Scenes() override;
 
     tvok::gList& list() { return list_; }

@@ -72,9 +72,16 @@ elistdata PropertyItem(const tvok::gList& list, const PropertyGroup& group, cons
     item.hItem.vflag = tvok::vflag::TextAtEdge;
     item.item.vflag = property.kind == ValueKind::Color ? ColorCell : PlainCell;
     if (property.kind == ValueKind::Truth) item.item.vflag |= tvok::vflag::HostText;
-    item.xbuttons = ButtonsOf(property);
+    item.xbuttons = property.readOnly ? ";text" : ButtonsOf(property);
+    if (property.readOnly) item.item.vflag &= ~tvok::vflag::Editor;
     item.nData = property.get();
     return item;
+}
+
+/// Whether an open popup has the mouse. One that opens from the strip has it while the strip has the focus.
+bool PopupIsOpen() {
+    const tvok::host::Handle capture = platform().GetCapture();
+    return capture != 0 && capture != platform().GetFocus();
 }
 
 } // namespace
@@ -107,6 +114,14 @@ void PropertyList::HearList() {
 }
 
 // Rows.
+
+void PropertyList::Clear(bool controlsAreGone) {
+    if (!controlsAreGone) editors_.Take();
+    groups_.clear();
+    tried_.reset();
+    editors_.Forget();
+    list_.Clear(true);
+}
 
 void PropertyList::Add(PropertyGroup group) {
     list_.AddItem(GroupItem(list_, group));
@@ -164,9 +179,12 @@ const Property* PropertyList::Find(const std::string& key) const {
 
 bool PropertyList::Set(const std::string& key, const Variant& value) {
     const Property* property = Find(key);
-    if (property == nullptr) return false;
+    if (property == nullptr || property->readOnly) return false;
     const Variant before = property->get();
-    if (value == before) return true;
+    if (value == before) {
+        Report(key, before);
+        return true;
+    }
     tvok::quietly([&] { property->set(value); });
     const Variant now = property->get();
     // A text may come back in other words; anything else has to be what was written.
@@ -175,7 +193,24 @@ bool PropertyList::Set(const std::string& key, const Variant& value) {
     if (changed) changed();
     Update();
     editors_.Reload(key);
+    Report(key, before);
     return taken;
+}
+
+/// The handler may clear all of this.
+void PropertyList::Report(const std::string& key, const Variant& before) {
+    if (!edited) return;
+    const Tried tried = tried_ && tried_->key == key ? *tried_ : Tried{key, before};
+    tried_.reset();
+    const Property* property = Find(tried.key);
+    if (property == nullptr) return;
+    if (PopupIsOpen()) {
+        tried_ = tried;
+        return;
+    }
+    const Variant now = property->get();
+    const std::string told = key;
+    if (now != tried.before) edited(told, tried.before, now);
 }
 
 void PropertyList::Update() {
@@ -183,7 +218,9 @@ void PropertyList::Update() {
         for (const Property& property : group.properties) {
             const std::string key = KeyOf(group, property);
             const Variant value = property.get();
-            if (list_.GetData(key) != value) list_.SetData(value, key);
+            if (list_.GetData(key) == value) continue;
+            list_.SetData(value, key);
+            editors_.Follow(key);
         }
     }
 }
@@ -209,19 +246,19 @@ void PropertyList::HearItem(elistdata& item, std::int32_t action) {
                                   : Variant(Variant(item.HelpStr).AsNumber());
         if (property->get() != value) tvok::quietly([&] { property->set(value); });
     } else {
-        Set(std::string(item.hItem.key), Variant(item.nData));
+        const std::string key = item.hItem.key;
+        Set(key, Variant(item.nData));
         LeaveStrip();
+        property = Find(key); // what hears of the change may have cleared the list
     }
-    item.nData = property->get();
+    if (property != nullptr) item.nData = property->get();
 }
 
 /// A popup that took the mouse from the strip takes the release, too, and its button stays down as long as
 /// the strip has the focus. When the popup is gone, nobody has the mouse.
 void PropertyList::LeaveStrip() {
-    const tvok::host::Handle capture = platform().GetCapture();
-    const bool popup = capture != 0 && capture != platform().GetFocus();
-    if (std::exchange(popupHasMouse_, popup) && capture == 0 && editors_.FocusIsInList())
-        editors_.FocusList();
+    const bool before = std::exchange(popupHasMouse_, PopupIsOpen());
+    if (before && platform().GetCapture() == 0 && editors_.FocusIsInList()) editors_.FocusList();
 }
 
 void PropertyList::ShowValue(elistdata& item) const {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,11 +26,16 @@ struct PropertyListParts {
 class PropertyList : private EditedRows {
 public:
     std::function<void()> changed; ///< After a property of a control took another value.
+    /// The user is done with a change: the item's key, the value before and the one now. Of values that a
+    /// popup tries out only the last one comes, when it closes. The handler may clear the list.
+    std::function<void(const std::string&, const tvok::Variant&, const tvok::Variant&)> edited;
 
     PropertyList(tvok::Form& form, const PropertyListParts& parts);
 
     void Add(PropertyGroup group);
     void Build(); ///< Makes the rows, after the last `Add`.
+    /// Drops all groups and rows. What is being typed is taken first, unless the controls are gone.
+    void Clear(bool controlsAreGone = false);
 
     bool IsGrouped() const { return list_.ListMode() == 1; }
     void Group(bool on); ///< Without groups a caption also names the control.
@@ -59,6 +64,7 @@ private:
     void HearItem(tvok::elistdata& item, std::int32_t action);
     void ShowValue(tvok::elistdata& item) const;
     void DrawTruth(std::int32_t row, std::int32_t hDC, const tvok::tvok_Rect& rect) const;
+    void Report(const std::string& key, const tvok::Variant& before);
     void LeaveStrip();
     void Step(const std::string& key, bool up);
     void SetCaptions();
@@ -71,6 +77,11 @@ private:
     std::vector<PropertyGroup> groups_;
     RowEditors editors_;
     bool popupHasMouse_ = false;
+    struct Tried {
+        std::string key;
+        tvok::Variant before;
+    };
+    std::optional<Tried> tried_; // while a popup is open, and it tried a value
 };
 
 } // namespace gallery

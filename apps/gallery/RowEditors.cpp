@@ -147,6 +147,20 @@ void RowEditors::Reload(const std::string& key) {
     Load(key);
 }
 
+void RowEditors::Follow(const std::string& key) {
+    if (key == key_ && (rows_.IsTruth(key) || Shown() == before_)) Reload(key);
+}
+
+void RowEditors::Take() {
+    Commit();
+}
+
+void RowEditors::Forget() {
+    key_.clear();
+    before_.clear();
+    Hide();
+}
+
 /// The place is one in the list's client area, and the editors are beside the list on the form.
 void RowEditors::Place(const std::string& key, const tvok::tvok_Rect& twips) {
     const Screen& screen = services().Screen();

@@ -39,6 +39,9 @@ public:
 
     void Hide();                         ///< Until the current row is painted again.
     void Reload(const std::string& key); ///< The value changed: what its editor shows is out of date.
+    void Follow(const std::string& key); ///< The same, unless the user has typed something else since.
+    void Take();                         ///< What was typed, as if the focus left the editor.
+    void Forget();                       ///< No row is in the editor any more; hides it.
     void FocusList();
     bool FocusIsInList() const;                     ///< In it or in its strip of buttons.
     const std::string& key() const { return key_; } ///< Of the row in the editor, empty for none.

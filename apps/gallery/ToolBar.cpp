@@ -1,6 +1,8 @@
 #include "apps/gallery/ToolBar.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <utility>
 
 #include "tvok/engine/dgi.h"
@@ -16,13 +18,27 @@ const std::vector<std::string>& ThemeNames() {
     return names;
 }
 
+constexpr std::array ScalePercents{100, 125, 150, 200};
+
+std::vector<std::string> ScaleNames() {
+    std::vector<std::string> names;
+    for (const std::int32_t percent : ScalePercents) names.push_back(std::to_string(percent) + " %");
+    return names;
+}
+
 } // namespace
 
 ToolBar::ToolBar(tvok::Desktop& desktop, tvok::Form& form, std::int32_t icons)
     : desktop_(desktop), form_(form), themes_(AddChoice("tools.themes", "Theme", 62, ThemeNames())),
+      scales_(AddChoice("tools.scales", "Scale", 50, ScaleNames())),
       switches_(form.Add<tvok::qRoster>("tools.switches", {}), icons, 1) {
-    themes_.events.Change = [this](std::int32_t index, tvok::qrosterdata& item) {
-        if (index > 0 && !updating_ && themeChosen) themeChosen(std::string(item.text));
+    // With the release: behind a press that moves the bar, the pointer would be dragging elsewhere.
+    themes_.events.Click = [this](std::int32_t index, tvok::qrosterdata& item) {
+        if (index > 0 && themeChosen) themeChosen(std::string(item.text));
+    };
+    scales_.events.Click = [this](std::int32_t index, tvok::qrosterdata&) {
+        if (index > 0 && scaleChosen)
+            scaleChosen(static_cast<float>(ScalePercents.at(static_cast<std::size_t>(index) - 1)) / 100);
     };
     switches_.list().BackColor(tvok::cButtonFace);
     Update();
@@ -49,12 +65,14 @@ void ToolBar::AddSwitch(PanelSwitch added) {
 }
 
 void ToolBar::Update() {
-    const bool before = std::exchange(updating_, true);
     const auto& names = ThemeNames();
     const auto found = std::ranges::find(names, desktop_.CurrentTheme().name);
     if (found != names.end()) themes_.ListIndex(static_cast<std::int32_t>(found - names.begin()) + 1);
+    const auto percent = static_cast<std::int32_t>(std::lround(desktop_.Scale() * 100));
+    const auto scale = std::ranges::find(ScalePercents, percent);
+    if (scale != ScalePercents.end())
+        scales_.ListIndex(static_cast<std::int32_t>(scale - ScalePercents.begin()) + 1);
     switches_.Update();
-    updating_ = before;
 }
 
 void ToolBar::Layout(const tvok::tvok_Rect& area) {

@@ -18,6 +18,7 @@ public:
     static constexpr std::int32_t Height = 30;
 
     std::function<void(const std::string&)> themeChosen; ///< Its name.
+    std::function<void(float)> scaleChosen;
 
     /// `icons` is an image list of `DrawIcons`.
     ToolBar(tvok::Desktop& desktop, tvok::Form& form, std::int32_t icons);
@@ -26,9 +27,13 @@ public:
     void Paint(tvok::host::Handle hDC) override;
     void Visible(bool show) override;
 
+    tvok::qRoster& themes() { return themes_; }
+    tvok::qRoster& scales() { return scales_; }
+    SwitchPanel& switches() { return switches_; }
+
     /// A switch behind those that are there, as wide as the others. The window lays the bar out anew.
     void AddSwitch(PanelSwitch added);
-    void Update(); ///< Shows the theme and the switches as they are now.
+    void Update(); ///< Shows the theme, the scale and the switches as they are now.
 
 private:
     struct Choice {
@@ -45,8 +50,8 @@ private:
     tvok::tvok_Rect area_;
     std::vector<Choice> choices_;
     tvok::qRoster& themes_;
+    tvok::qRoster& scales_;
     SwitchPanel switches_;
-    bool updating_ = false;
 };
 
 } // namespace gallery

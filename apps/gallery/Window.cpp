@@ -26,6 +26,7 @@ std::shared_ptr<Window> Window::Open(tvok::Desktop& desktop, const std::string& 
     window->pages_.ListIndex(
         found == window->all_.end() ? 1 : static_cast<std::int32_t>(found - window->all_.begin()) + 1);
     window->form_.events.Closed = [window] {};
+    if (bench) window->FitScreen(desktop.Scale());
     return window;
 }
 
@@ -131,7 +132,33 @@ void Window::SetTheme(const std::string& name) {
     desktop_.SetTheme(tvok::Theme::ByName(name));
     for (const Shown& shown : all_)
         if (shown.page) shown.page->ThemeChanged();
+    if (!bench_) return;
+    bench_->inspector.ThemeChanged();
+    bench_->tools.Update();
+}
+
+void Window::SetScale(float scale) {
+    const bool grows = scale > desktop_.Scale();
+    if (grows) FitScreen(scale); // first: no window is ever larger than the screen
+    desktop_.Scale(scale);
+    if (!grows) FitScreen(scale);
     if (bench_) bench_->tools.Update();
+}
+
+/// A larger scale leaves fewer pixels: what does not fit is taken off, and comes back with the room for it.
+void Window::FitScreen(float scale) {
+    constexpr std::int32_t frameWidth = 16, frameHeight = 48;
+    if (desktop_.IsHeadless()) return; // where nothing has to fit
+    const bool isAsFitted = form_.Width() == fitted_.x && form_.Height() == fitted_.y;
+    if (!isAsFitted) wanted_ = {form_.Width(), form_.Height()}; // by the user
+    const auto room = [&](std::int32_t metric, std::int32_t frame) {
+        const float pixels =
+            static_cast<float>(tvok::host::platform().GetSystemMetrics(metric)) * desktop_.Scale();
+        return std::max(static_cast<std::int32_t>(pixels / scale) - frame, 1);
+    };
+    fitted_ = {std::min(wanted_.x, room(tvok::host::SM_CXSCREEN, frameWidth)),
+               std::min(wanted_.y, room(tvok::host::SM_CYSCREEN, frameHeight))};
+    form_.Size(fitted_.x, fitted_.y);
 }
 
 // Looks.

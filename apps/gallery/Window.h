@@ -19,7 +19,7 @@
 namespace gallery {
 
 inline constexpr std::int32_t FormWidth = 1120, FormHeight = 640; ///< The list and the page alone.
-inline constexpr std::int32_t PageListWidth = 140, InspectorWidth = 300, LogHeight = 190;
+inline constexpr std::int32_t PageListWidth = 140, InspectorWidth = 340, LogHeight = 190;
 /// With the panes.
 inline constexpr std::int32_t BenchWidth = FormWidth + InspectorWidth;
 inline constexpr std::int32_t BenchHeight = FormHeight + ToolBar::Height + LogHeight;
@@ -62,6 +62,9 @@ public:
 
     /// Every page follows, also those that are made later.
     void SetTheme(const std::string& name);
+    /// As `Desktop::Scale`. Of a form that does not fit the screen any more, the rest is taken off until it
+    /// does.
+    void SetScale(float scale);
 
 private:
     struct Shown {
@@ -93,6 +96,7 @@ private:
     void ShowControls(const Shown& shown, bool visible);
     void Step(bool back);
     void Layout();
+    void FitScreen(float scale);
     void Paint();
 
     // The panes.
@@ -120,6 +124,8 @@ private:
     std::unique_ptr<Bench> bench_;
     std::vector<Shown> all_;
     Shown* shown_ = nullptr;
+    tvok::host::Point wanted_; // the form's size where the screen has the room
+    tvok::host::Point fitted_; // the one that it was given
 };
 
 } // namespace gallery

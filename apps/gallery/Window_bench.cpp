@@ -33,6 +33,7 @@ Window::Bench::Bench(tvok::Desktop& desktop, tvok::Form& form, std::int32_t icon
 void Window::SetUpBench() {
     bench_ = std::make_unique<Bench>(desktop_, form_, icons_);
     bench_->tools.themeChosen = [this](const std::string& name) { SetTheme(name); };
+    bench_->tools.scaleChosen = [this](float scale) { SetScale(scale); };
     const auto wanted = [this](const char* name, bool Bench::*flag) {
         bench_->tools.AddSwitch({name, [=, this] { return CheckIcon((*bench_).*flag); },
                                  [] { return std::string(); },
@@ -168,7 +169,7 @@ std::string Window::PartWithFocus() const {
 
 bool Window::Focus(const std::string& part) {
     std::vector<std::string> names = part.empty() ? shown_->controls : form_.Names();
-    if (part.empty()) names.insert(names.begin(), shown_->selected);
+    names.insert(names.begin(), part.empty() ? shown_->selected : part + "list");
     for (const std::string& name : names) {
         const auto* control = name.starts_with(part) ? form_.Find(name) : nullptr;
         if (control == nullptr || !form_.ComponentOf(*control).Visible()) continue;

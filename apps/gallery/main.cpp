@@ -71,6 +71,9 @@ int Run(const gallery::Options& options) {
     tvok::DesktopOptions settings;
     if (!options.headlessFolder.empty()) settings.display = tvok::DesktopOptions::Display::Headless;
     if (!options.theme.empty()) settings.theme = tvok::Theme::ByName(options.theme);
+    settings.scale = options.scale;
+    settings.screenWidth = 1920; // of pictures: the workbench with its popups
+    settings.screenHeight = 1200;
     tvok::Desktop desktop(settings);
     std::unique_ptr<Trace> trace;
     if (!options.traceFile.empty()) trace = std::make_unique<Trace>(desktop, options.traceFile);

@@ -10,7 +10,9 @@ struct Options {
     std::string headlessFolder; ///< Where the pictures go; empty: a window.
     std::string theme;          ///< Empty: classic, and in memory a picture of every theme.
     std::string traceFile;      ///< Empty: no trace.
-    std::string page;           ///< Empty: the first one, and pictures of all.
+    std::string scaleText;      ///< As it was typed; empty: 1.
+    float scale = 1;
+    std::string page; ///< Empty: the first one, and pictures of all.
     bool help = false;
 };
 

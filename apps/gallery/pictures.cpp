@@ -23,6 +23,10 @@ void SaveWithPopups(tvok::Desktop& desktop, const tvok::Form& form, const std::s
     desktop.SaveScreen(file, rect);
 }
 
+void Save(tvok::Desktop& desktop, const Scene& scene, const tvok::Form& form, const std::string& file) {
+    scene.popups ? SaveWithPopups(desktop, form, file) : desktop.SaveForm(form, file);
+}
+
 /// In place of the one that is open.
 std::shared_ptr<Window> OpenAnew(tvok::Desktop& desktop, const std::string& page, Panes panes) {
     const std::vector<tvok::Form*> before = FormsOf(desktop);
@@ -53,8 +57,7 @@ std::vector<std::string> WritePictures(tvok::Desktop& desktop, const PageEntry& 
             const std::string name =
                 std::string(entry.name) + "-" + theme + (scene.name.empty() ? "" : "-") + scene.name;
             files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
-            scene.popups ? SaveWithPopups(desktop, window->form(), files.back())
-                         : desktop.SaveForm(window->form(), files.back());
+            Save(desktop, scene, window->form(), files.back());
         }
     }
     return files;
@@ -75,7 +78,7 @@ std::vector<std::string> WriteWorkbench(tvok::Desktop& desktop, const std::vecto
             desktop.ProcessEvents(std::chrono::milliseconds(0));
             const std::string name = "workbench-" + theme + (scene.name.empty() ? "" : "-") + scene.name;
             files.push_back((std::filesystem::path(folder) / (name + ".png")).string());
-            desktop.SaveForm(window->form(), files.back());
+            Save(desktop, scene, window->form(), files.back());
         }
     }
     return files;

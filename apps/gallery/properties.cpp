@@ -241,6 +241,8 @@ const std::vector<ListedValue>& ValuesOf(ValueList list) {
         {{0, "Left"}, {1, "Right"}, {2, "Centred"}},
         IconNames(),
         {{0, "DejaVu Sans"}, {1, "DejaVu Sans Mono"}, {2, "DejaVu Serif"}, {3, "Noto Sans CJK JP"}},
+        {{0, "Flat"}, {1, "In groups"}},
+        {{0, "As added"}, {1, "By text"}, {2, "By text, down"}, {3, "By ItemData"}, {4, "By ItemData, down"}},
     };
     return lists.at(static_cast<std::size_t>(list));
 }
@@ -350,6 +352,71 @@ PropertyGroup PropertiesOf(tvok::gList& list) {
     table.Truth("GridlineOnBorder", &gList::GridlineOnBorder, &gList::GridlineOnBorder);
     table.Steps("ItemHeight", &gList::ItemHeight, &gList::ItemHeight, 16, 40);
     return {"self", "This property list", table.Take()};
+}
+
+PropertyGroup StructureOf(tvok::gList& list) {
+    using tvok::gList;
+    Table<gList> table(list, [&list] { list.BuiltList(); });
+    table.Choice("ListMode", ValueList::Modes, &gList::ListMode, &gList::ListMode);
+    table.Truth("Sorted", &gList::Sorted, &gList::Sorted);
+    table.Truth("FixedHeight", &gList::FixedHeight, &gList::FixedHeight);
+    table.Text("TmpKey", &gList::TmpKey, &gList::TmpKey);
+    table.Font();
+    return {"structure", "Structure", table.Take()};
+}
+
+/// While it is closed there is nothing to show. Its number of items is no property to write: that would make
+/// it virtual.
+PropertyGroup PropertiesOf(tvok::xPopup& popup) {
+    using tvok::xPopup;
+    Table<xPopup> table(popup, [] {});
+    table.Steps("xn", &xPopup::xn, &xPopup::xn, 1, 64);
+    table.Steps("yn", &xPopup::yn, &xPopup::yn, 1, 64);
+    table.Steps("ItemHeight", &xPopup::ItemHeight, &xPopup::ItemHeight, 8, 80);
+    table.Steps("ItemWidth", &xPopup::ItemWidth, &xPopup::ItemWidth, 8, 600);
+    table.Number("GridlineWidth", &xPopup::GridlineWidth, &xPopup::GridlineWidth, 0, 8);
+    table.Colors("GridlineColor", &xPopup::GridlineColor, &xPopup::GridlineColor);
+    table.Truth("GridlineOnBorder", &xPopup::GridlineOnBorder, &xPopup::GridlineOnBorder);
+    table.Truth("FixedWidthForLastXn", &xPopup::FixedWidthForLastXn, &xPopup::FixedWidthForLastXn);
+    table.Text("ColWidthSettingStr", &xPopup::ColWidthSettingStr, &xPopup::ColWidthSettingStr);
+    table.Text("TabStopSettingStr", &xPopup::TabStopSettingStr, &xPopup::TabStopSettingStr);
+    table.Number("CX_TEXT", &xPopup::CX_TEXT, &xPopup::CX_TEXT, 0, MostPixels);
+    table.Colors("BackColor", &xPopup::BackColor, &xPopup::BackColor);
+    table.Colors("SelectedColor", &xPopup::SelectedColor, &xPopup::SelectedColor);
+    table.Colors("IconBorderColor", &xPopup::IconBorderColor, &xPopup::IconBorderColor);
+    table.Number("HeadWidthEx", &xPopup::HeadWidthEx, &xPopup::HeadWidthEx, 0, 60);
+    table.Colors("HeadExBackColor", &xPopup::HeadExBackColor, &xPopup::HeadExBackColor);
+    table.Colors("HeadExBorderColor", &xPopup::HeadExBorderColor, &xPopup::HeadExBorderColor);
+    table.Truth("HotTrack", &xPopup::HotTrack, &xPopup::HotTrack);
+    table.Choice("SortedMode", ValueList::PopupOrders, &xPopup::SortedMode, &xPopup::SortedMode);
+    table.Steps("ListIndex", &xPopup::ListIndex, &xPopup::ListIndex, 1, MostRows);
+    table.Text("TmpKey", &xPopup::TmpKey, &xPopup::TmpKey);
+    table.Font();
+    return {"popup", "Popup", table.Take()};
+}
+
+PropertyGroup PropertiesOf(tvok::ucColorSelector& selector) {
+    using Selector = tvok::ucColorSelector;
+    Table<Selector> table(selector,
+                          [&selector] { selector.BackColor(selector.BackColor()); }); // which repaints
+    table.Colors("SelectColor", &Selector::SelectColor, &Selector::SelectColor);
+    table.Colors("borderColor", &Selector::borderColor, &Selector::borderColor);
+    table.Colors("ForeColor", &Selector::ForeColor, &Selector::ForeColor);
+    table.Colors("BackColor", &Selector::BackColor, &Selector::BackColor);
+    table.Choice("BorderStyle", ValueList::Borders, &Selector::BorderStyle, &Selector::BorderStyle);
+    table.FontWithStyles();
+    return {"selector", "Colour selector", table.Take()};
+}
+
+PropertyGroup PropertiesOf(tvok::TextBox& box) {
+    using tvok::TextBox;
+    Table<TextBox> table(box, [] {});
+    table.Text("Text", &TextBox::Text, &TextBox::Text);
+    table.Number("MaxLength", &TextBox::MaxLength, &TextBox::MaxLength, 0, MostRows);
+    table.Truth("ReadOnly", &TextBox::ReadOnly, &TextBox::ReadOnly);
+    table.Colors("BackColor", &TextBox::BackColor, &TextBox::BackColor);
+    table.Colors("ForeColor", &TextBox::ForeColor, &TextBox::ForeColor);
+    return {"box", "Text box", table.Take()};
 }
 
 // Texts of values.

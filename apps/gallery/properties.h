@@ -23,7 +23,19 @@ enum class ValueKind {
 };
 
 /// The lists behind choices and names.
-enum class ValueList : std::int32_t { None, Borders, Looks, Selections, Orders, Styles, Sides, Icons, Fonts };
+enum class ValueList : std::int32_t {
+    None,
+    Borders,
+    Looks,
+    Selections,
+    Orders,
+    Styles,
+    Sides,
+    Icons,
+    Fonts,
+    Modes,
+    PopupOrders
+};
 
 struct ListedValue {
     std::int32_t value = 0;
@@ -40,6 +52,7 @@ struct Property {
     std::int32_t most = 0;
     bool steps = false; ///< A number that is rather changed by one than chosen.
     ValueList list = ValueList::None;
+    bool readOnly = false; ///< Only shown; `set` is empty.
 };
 
 /// The properties of one control under a name of its own.
@@ -56,6 +69,10 @@ PropertyGroup PropertiesOf(tvok::pcols& bar);
 PropertyGroup PropertiesOf(tvok::xbutton& strip);
 PropertyGroup PropertiesOf(tvok::iLabel& label);
 PropertyGroup PropertiesOf(tvok::gList& list);
+PropertyGroup StructureOf(tvok::gList& list); ///< For another than the one that shows it.
+PropertyGroup PropertiesOf(tvok::xPopup& popup);
+PropertyGroup PropertiesOf(tvok::ucColorSelector& selector);
+PropertyGroup PropertiesOf(tvok::TextBox& box);
 
 /// The system colours by name, in the user's language.
 class ColorNames {

@@ -8,7 +8,7 @@ trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 
 output="$("$gallery" --headless pictures/new --trace calls.txt)"
-[[ "$output" == *"165 pictures are in pictures/new"* ]] || { echo "said: $output"; exit 1; }
+[[ "$output" == *"177 pictures are in pictures/new"* ]] || { echo "said: $output"; exit 1; }
 for theme in classic dark contrast; do
     for name in lists-@ lists-@-scrolled lists-@-selected lists-@-resized \
         feed-@ feed-@-scrolled feed-@-waiting feed-@-turned feed-@-resized \
@@ -21,7 +21,8 @@ for theme in classic dark contrast; do
         properties-@ properties-@-selected properties-@-checked properties-@-edited properties-@-colors \
         properties-@-numbers properties-@-choices properties-@-folded properties-@-flat properties-@-unsorted \
         properties-@-restored properties-@-scrolled \
-        design-@ design-@-selected design-@-resized design-@-undone design-@-running; do
+        design-@ design-@-selected design-@-resized design-@-undone design-@-running \
+        workbench-@ workbench-@-events workbench-@-edited workbench-@-colors workbench-@-choice; do
         file="pictures/new/${name/@/$theme}.png"
         [ "$(head -c 8 "$file" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] || { echo "$file is no PNG"; exit 1; }
     done

@@ -20,5 +20,6 @@ refuses "unknown switch stray" stray
 refuses "--theme needs a value" --theme
 refuses "--headless needs a value" --headless ""
 refuses "plaid" --theme plaid
+refuses "--scale has to be a number from 0.5 to 4" --scale 5
 refuses 'there is no page "nowhere"' --page nowhere
 exit $failed

@@ -30,8 +30,21 @@ TEST(GallerySwitches, AThemeThatIsNotKnownIsRefusedWithTheNamesThatAre) {
     EXPECT_THAT(error, testing::HasSubstr("contrast"));
 }
 
-TEST(GallerySwitches, UsageNamesEverySwitchAndPage) {
-    for (const char* text : {"--headless", "--theme", "--trace", "--page", "--help", "lists"}) {
+TEST(GallerySwitches, AScaleIsANumberInItsRange) {
+    Options options;
+    std::string error;
+    ASSERT_TRUE(ParseOptions({"--scale", "1.25"}, options, error));
+    EXPECT_EQ(options.scale, 1.25F);
+    for (const char* text : {"0.49", "4.1", "-1", "x", "2x", " 2", "nan", "inf", "1,5"}) {
+        Options refused;
+        EXPECT_FALSE(ParseOptions({"--scale", text}, refused, error)) << text;
+        EXPECT_EQ(error, std::string("--scale has to be a number from 0.5 to 4, and is \"") + text + "\"");
+    }
+}
+
+TEST(GallerySwitches, UsageNamesEverySwitchAndPageAndTheKeys) {
+    for (const char* text : {"--scale", "Ctrl+Tab", "F6", "F9", "--headless", "--theme", "--trace", "--page",
+                             "--help", "lists"}) {
         EXPECT_THAT(Usage(), testing::HasSubstr(text));
     }
 }

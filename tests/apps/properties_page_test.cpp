@@ -9,6 +9,7 @@
 #include <set>
 
 #include "apps/gallery/Window.h"
+#include "tests/apps/OtherValue.h"
 #include "tests/support/TestDesktop.h"
 #include "tvok/host/Services.h"
 
@@ -106,27 +107,6 @@ TEST_F(PropertiesPageTest, HasARowForEveryPropertyAndGroup) {
 }
 
 // The table.
-
-/// Another value that the property takes.
-Variant OtherValue(const Property& property) {
-    const Variant now = property.get();
-    switch (property.kind) {
-    case ValueKind::Color: return Variant(now == Variant(0x123456) ? 0x654321 : 0x123456);
-    case ValueKind::Truth: return Variant(now.AsInteger() == 0 ? 1 : 0);
-    case ValueKind::Choice:
-        for (const ListedValue& listed : ValuesOf(property.list))
-            if (Variant(listed.value) != now) return Variant(listed.value);
-        return {};
-    case ValueKind::Name: return Variant("DejaVu Serif");
-    case ValueKind::Text:
-        if (property.name == "HeaderWidths") return Variant("90-80-70");
-        if (property.name == "ColWidthSettingStr") return Variant("0,40");
-        if (property.name == "TabStopSettingStr") return Variant("60");
-        return Variant(now.AsText() + "x");
-    case ValueKind::Number: break;
-    }
-    return Variant(now.AsInteger() < property.most ? now.AsInteger() + 1 : property.least);
-}
 
 TEST_F(PropertiesPageTest, EveryPropertyTakesAnotherValueAndTheOldOneAgain) {
     for (const PropertyGroup& group : page_.properties().groups()) {

@@ -70,7 +70,7 @@ look_at_window() {
 }
 
 title="tvok gallery"
-size="1420 x 860"
+size="1460 x 860"
 # open_window PROGRAM [SWITCHES]... waits for a window with this title and size.
 open_window() {
     "$@" >"$folder/program.log" 2>&1 &

@@ -1,5 +1,6 @@
 #include "tvok/host/desktop/Desktop.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "tvok/host/desktop/windows/FormWindow.h"
 #include "tvok/host/desktop/windows/World.h"
 #include "tvok/records/Error.h"
+#include "tvok/records/Variant.h"
 
 namespace tvok {
 
@@ -16,16 +18,19 @@ namespace {
 
 using Kind = DesktopOptions::Display;
 
+constexpr float cLeastScale = 0.5F, cMostScale = 4;
+
 std::unique_ptr<soft::Display> OpenDisplay(const DesktopOptions& options) {
+    const float scale = std::clamp(options.scale, cLeastScale, cMostScale);
     std::string why = "this build has no window display";
     if (options.display != Kind::Headless) {
 #ifdef TVOK_SDL
-        if (auto display = soft::MakeSdlDisplay(options.scale, why)) return display;
+        if (auto display = soft::MakeSdlDisplay(scale, why)) return display;
 #endif
         if (options.display == Kind::Window) throw ResourceError("no window can be shown: " + why);
         std::fprintf(stderr, "tvok: running headless: %s\n", why.c_str());
     }
-    return soft::MakeHeadlessDisplay(options.screenWidth, options.screenHeight);
+    return soft::MakeHeadlessDisplay(options.screenWidth, options.screenHeight, scale);
 }
 
 /// Draws a surface onto another with its left top at (x, y).
@@ -98,6 +103,17 @@ const Theme& Desktop::CurrentTheme() const {
 
 void Desktop::SetTheme(const Theme& theme) {
     world_->SetTheme(theme);
+}
+
+float Desktop::Scale() const {
+    return world_->display->Scale();
+}
+
+void Desktop::Scale(float scale) {
+    if (!(scale >= cLeastScale && scale <= cMostScale)) // which also no NaN is
+        throw Error("the scale has to be from 0.5 to 4, and is " +
+                    Variant(static_cast<double>(scale)).AsText());
+    world_->Scale(scale);
 }
 
 std::int32_t Desktop::LoadImageList(const std::vector<std::string>& pngFiles, std::int32_t size) {

@@ -39,7 +39,7 @@ struct DesktopOptions {
     Theme theme = Theme::Classic();
     std::int32_t screenWidth = 1280;  ///< Of a headless screen, in pixels.
     std::int32_t screenHeight = 1024; ///< The same.
-    float scale = 1;                  ///< Screen pixels for each pixel of a window, 0.5 to 4.
+    float scale = 1;                  ///< Screen pixels for each pixel of a window; limited to 0.5 to 4.
     std::string fontFile; ///< One font file for every look-up: pixels that do not depend on the machine.
     /// "en", "tr", …: casing and order of texts, and the language of the string resources; empty for the
     /// user's.
@@ -79,6 +79,15 @@ public:
     /// Repaints everything; fonts follow a changed resolution. A component whose client area changed by it
     /// hears `Resize`.
     void SetTheme(const Theme& theme);
+
+    /// Screen pixels for each pixel of a window.
+    float Scale() const;
+    /// From 0.5 to 4; throws `Error` for any other number. Forms keep their size in pixels of their own and
+    /// their left top on the screen, so they become larger or smaller there; nobody hears `Resize`, unless
+    /// the window system gives a form another size than that. The screen has as many more or fewer pixels of
+    /// the desktop's. A headless desktop and one inside another program keep the number and show nothing by
+    /// it: their pixels are the windows' own, and it is for whoever shows those to scale them.
+    void Scale(float scale);
 
     /// An image list of square images cut from one PNG strip, or one PNG file each. The handle lives as long
     /// as the desktop. Throws `FileError` that names the file.

@@ -173,6 +173,35 @@ TEST_F(SdlDisplayTest, AScaledWindowIsLargerOnTheScreenAndItsPointerIsMappedBack
     EXPECT_THAT(Fed(), ElementsAre("move 60 39"));
 }
 
+TEST_F(SdlDisplayTest, AWindowTakesAnotherScaleAndKeepsItsCornerOnTheScreen) {
+    int before[2];
+    SDL_GetWindowPosition(Window(), &before[0], &before[1]);
+    log.lines.clear();
+    display->Scale(2, log);
+    EXPECT_EQ(display->Scale(), 2);
+    EXPECT_THAT(log.lines, ElementsAre("moved 7 25 20"));
+    int now[2];
+    SDL_GetWindowSize(Window(), &now[0], &now[1]);
+    EXPECT_THAT(now, ElementsAre(400, 200));
+    SDL_GetWindowPosition(Window(), &now[0], &now[1]);
+    EXPECT_THAT(now, ElementsAre(before[0], before[1]));
+    EXPECT_THAT(Fed(), testing::Not(Contains(testing::HasSubstr("resized"))))
+        << "it has the size it is to have";
+
+    form.rect = {25, 20, 225, 120};
+    display->Change(form);
+    SDL_GetWindowPosition(Window(), &now[0], &now[1]);
+    EXPECT_THAT(now, ElementsAre(before[0], before[1])) << "what it was told back moves nothing";
+    Surface surface(200, 100);
+    surface.Row(3)[5] = 0xFFFFFFu;
+    display->Present(7, surface, Region({0, 0, 200, 100}));
+    EXPECT_EQ(ScreenPixel(11, 7), 0xFFFFFFu);
+
+    display->Scale(0.5F, log);
+    SDL_GetWindowSize(Window(), &now[0], &now[1]);
+    EXPECT_THAT(now, ElementsAre(100, 50));
+}
+
 TEST_F(SdlDisplayTest, APressActivatesAWindowWithoutTheFocusAndComesAfterTheMoveToItsPlaceInScreenPixels) {
     SDL_Event event{};
     event.button.type = SDL_MOUSEBUTTONDOWN;

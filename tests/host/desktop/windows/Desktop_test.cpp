@@ -1,6 +1,7 @@
 #include "tvok/host/desktop/Desktop.h"
 
 #include <filesystem>
+#include <limits>
 #include <thread>
 
 #include <gmock/gmock.h>
@@ -192,6 +193,12 @@ public:
     bool IsHeadless() const override { return false; }
     bool DecoratesWindows() const override { return true; }
     tvok_Rect Screen() const override { return {0, 0, 800, 600}; }
+    float Scale() const override { return scale; }
+    void Scale(float wanted, soft::DisplayEvents& events) override {
+        scale = wanted;
+        notes.push_back("scale " + std::to_string(static_cast<int>(wanted * 100)));
+        if (last != 0) events.WindowMoved(last, 20, 30);
+    }
     void Open(const soft::DisplayWindow& window) override { Note("open", window); }
     void Change(const soft::DisplayWindow& window) override { Note("change", window); }
     void Raise(host::Handle) override {}
@@ -200,7 +207,8 @@ public:
         last = id;
         for (const auto& box : damage.Boxes()) presented.push_back(soft::RectOf(box));
     }
-    void Wait(milliseconds, soft::DisplayEvents& events) override {
+    void Wait(milliseconds timeout, soft::DisplayEvents& events) override {
+        waited = timeout;
         if (feed) std::exchange(feed, nullptr)(events);
     }
     void Wake() override {}
@@ -213,6 +221,8 @@ public:
     std::vector<tvok_Rect> presented;
     std::function<void(soft::DisplayEvents&)> feed;
     host::Handle last = 0;
+    float scale = 1;
+    milliseconds waited{0};
 
 private:
     void Note(const char* what, const soft::DisplayWindow& window) {
@@ -289,6 +299,86 @@ TEST_F(OnDisplay, AnExposedWindowIsPresentedWhole) {
     display->presented.clear();
     Feed([&](soft::DisplayEvents& events) { events.WindowExposed(form->hWnd()); });
     EXPECT_THAT(display->presented, ElementsAre(tvok_Rect{0, 0, 300, 200}));
+}
+
+TEST_F(OnDisplay, WhatIsDrawnBetweenTwoTurnsIsShownWithoutAWait) {
+    auto& list = form->Add<qRoster>("list", {10, 10, 100, 50});
+    list.AddItem(0, {.text = "before"});
+    list.Refresh();
+    Pump();
+    EXPECT_EQ(display->waited, milliseconds(0));
+    list.SetData(1, {.text = "after"}); // drawn at once
+    desktop->ProcessEvents(milliseconds(5000));
+    EXPECT_EQ(display->waited, milliseconds(0));
+    desktop->ProcessEvents(milliseconds(5000));
+    EXPECT_EQ(display->waited, milliseconds(5000));
+}
+
+TEST_F(OnDisplay, AScaleIsToldOnceAndEverythingIsPresentedAgainAtThePlaceThatFollows) {
+    Notes();
+    display->presented.clear();
+    int resizes = 0;
+    form->events.Resize = [&] { ++resizes; };
+    desktop->Scale(1.5F);
+    EXPECT_EQ(desktop->Scale(), 1.5F);
+    desktop->Scale(1.5F);
+    EXPECT_THAT(Notes(), ElementsAre("scale 150"));
+    Pump();
+    EXPECT_THAT(Notes(), ElementsAre("change Main 20 300")) << "with the size that it had";
+    EXPECT_THAT(display->presented, ElementsAre(tvok_Rect{0, 0, 300, 200}));
+    EXPECT_EQ(resizes, 0);
+}
+
+TEST_F(OnDisplay, AFormThatIsSizedInTheSameTurnAsTheScaleKeepsItsPlaceOnTheScreen) {
+    Notes();
+    desktop->Scale(2);
+    form->Size(350, 220);
+    Pump();
+    EXPECT_THAT(Notes(), ElementsAre("scale 200", "change Main 20 350"));
+}
+
+TEST_F(OnDisplay, AFormThatIsSizedBeforeTheScaleHasThatSizeOnTheScreenFirst) {
+    Notes();
+    form->Size(200, 100);
+    desktop->Scale(2);
+    EXPECT_THAT(Notes(), ElementsAre("change Main 40 200", "scale 200"));
+}
+
+TEST_F(OnDisplay, AScaleOutOfRangeIsRefusedInWordsAndTheOldOneStays) {
+    Notes();
+    for (const float scale : {0.0F, 0.49F, 4.01F, -1.0F, std::numeric_limits<float>::quiet_NaN(),
+                              std::numeric_limits<float>::infinity()})
+        EXPECT_THROW(desktop->Scale(scale), Error) << scale;
+    try {
+        desktop->Scale(5);
+        ADD_FAILURE() << "5 was taken";
+    } catch (const Error& refused) {
+        EXPECT_STREQ(refused.what(), "the scale has to be from 0.5 to 4, and is 5");
+    }
+    EXPECT_EQ(desktop->Scale(), 1);
+    EXPECT_THAT(Notes(), IsEmpty());
+    desktop->Scale(0.5F);
+    desktop->Scale(4);
+    EXPECT_EQ(desktop->Scale(), 4);
+}
+
+TEST(Desktop, InMemoryTheScaleIsANumberAndPicturesStayAsTheyAre) {
+    DesktopOptions options;
+    options.display = DesktopOptions::Display::Headless;
+    options.scale = 9;
+    Desktop desktop(options);
+    EXPECT_EQ(desktop.Scale(), 4) << "an option is limited";
+    Form& form = desktop.AddForm("Main", 60, 40);
+    const auto width = [&] {
+        const auto file = std::filesystem::path(TVOK_TEST_OUTPUT) / "scale.png";
+        desktop.SaveForm(form, file.string());
+        return soft::ReadPng(file.string()).width;
+    };
+    const std::int32_t before = width();
+    desktop.Scale(2);
+    EXPECT_EQ(desktop.Scale(), 2);
+    EXPECT_EQ(width(), before);
+    EXPECT_EQ(form.Width(), 60);
 }
 
 TEST_F(OnDisplay, AskedToCloseTheFormMayObject) {

@@ -26,7 +26,8 @@ struct DisplayWindow {
     friend bool operator==(const DisplayWindow&, const DisplayWindow&) = default;
 };
 
-/// What a display tells the desktop. Calls come from `Display::Wait` only, on the desktop's thread.
+/// What a display tells the desktop. Calls come from `Display::Wait` and from `Display::Scale` only, on the
+/// desktop's thread.
 class DisplayEvents : public desktop::Input {
 public:
     virtual void WindowMoved(host::Handle id, std::int32_t x, std::int32_t y) = 0;
@@ -44,6 +45,10 @@ public:
     virtual bool IsHeadless() const = 0;
     virtual bool DecoratesWindows() const = 0; ///< Whether a frame and a caption are drawn by somebody else.
     virtual tvok_Rect Screen() const = 0;      ///< In desktop pixels; left and top are 0.
+    virtual float Scale() const = 0;           ///< Screen pixels for each desktop pixel.
+    /// From 0.5 to 4. Windows keep their size in desktop pixels and their left top on the screen, and
+    /// `events` hears where that is in desktop pixels now. The desktop presents everything again.
+    virtual void Scale(float scale, DisplayEvents& events) = 0;
 
     virtual void Open(const DisplayWindow& window) = 0;
     virtual void Change(const DisplayWindow& window) = 0; ///< Place, size, caption or visibility changed.
@@ -64,8 +69,8 @@ public:
     virtual std::size_t ClipboardCapacity() const { return std::numeric_limits<std::size_t>::max(); }
 };
 
-/// A display in memory.
-std::unique_ptr<Display> MakeHeadlessDisplay(std::int32_t width, std::int32_t height);
+/// A display in memory. It keeps its scale as a number and shows nothing by it.
+std::unique_ptr<Display> MakeHeadlessDisplay(std::int32_t width, std::int32_t height, float scale = 1);
 
 /// Real windows. Null where there is no display; `why` then says so in words.
 std::unique_ptr<Display> MakeSdlDisplay(float scale, std::string& why);

@@ -23,6 +23,8 @@ public:
     bool IsHeadless() const override { return !calls_.wait; }
     bool DecoratesWindows() const override { return layout_ == Embedding::Layout::Windows; }
     tvok_Rect Screen() const override { return screen_; }
+    float Scale() const override { return memory_->Scale(); }
+    void Scale(float scale, DisplayEvents& events) override { memory_->Scale(scale, events); }
     void Open(const DisplayWindow& window) override;
     void Change(const DisplayWindow& window) override;
     void Raise(host::Handle id) override;
@@ -75,7 +77,8 @@ private:
     Embedding::Layout layout_;
     tvok_Rect screen_;
     EmbeddingCalls calls_;
-    std::unique_ptr<Display> memory_; ///< Waits, and keeps a clipboard, for a program that does neither.
+    std::unique_ptr<Display>
+        memory_; ///< Waits, and keeps a clipboard and the scale, for a program that does not.
     std::map<host::Handle, Entry> entries_;
     Picture surface_;                 ///< Only in the layout `OneSurface`.
     std::vector<host::Handle> order_; ///< Of the surface's windows when it was drawn last, from the back.

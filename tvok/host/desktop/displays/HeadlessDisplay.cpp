@@ -10,11 +10,14 @@ namespace {
 
 class HeadlessDisplay final : public Display {
 public:
-    HeadlessDisplay(std::int32_t width, std::int32_t height) : screen_{0, 0, width, height} {}
+    HeadlessDisplay(std::int32_t width, std::int32_t height, float scale)
+        : screen_{0, 0, width, height}, scale_(scale) {}
 
     bool IsHeadless() const override { return true; }
     bool DecoratesWindows() const override { return false; }
     tvok_Rect Screen() const override { return screen_; }
+    float Scale() const override { return scale_; }
+    void Scale(float scale, DisplayEvents&) override { scale_ = scale; }
 
     void Open(const DisplayWindow&) override {}
     void Change(const DisplayWindow&) override {}
@@ -45,6 +48,7 @@ public:
 
 private:
     tvok_Rect screen_;
+    float scale_;
     std::string clipboard_;
     std::mutex mutex_;
     std::condition_variable wake_;
@@ -53,8 +57,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<Display> MakeHeadlessDisplay(std::int32_t width, std::int32_t height) {
-    return std::make_unique<HeadlessDisplay>(width, height);
+std::unique_ptr<Display> MakeHeadlessDisplay(std::int32_t width, std::int32_t height, float scale) {
+    return std::make_unique<HeadlessDisplay>(width, height, scale);
 }
 
 } // namespace tvok::soft

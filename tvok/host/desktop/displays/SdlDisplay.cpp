@@ -56,6 +56,8 @@ public:
     bool IsHeadless() const override { return false; }
     bool DecoratesWindows() const override { return true; }
     tvok_Rect Screen() const override;
+    float Scale() const override { return scale_; }
+    void Scale(float scale, DisplayEvents& events) override;
 
     void Open(const DisplayWindow& window) override;
     void Change(const DisplayWindow& window) override;
@@ -119,6 +121,22 @@ SdlDisplay::~SdlDisplay() {
 
 tvok_Rect SdlDisplay::Screen() const {
     return {0, 0, FromScreen(screen_.w, scale_), FromScreen(screen_.h, scale_)};
+}
+
+/// The sizes that windows have from now on are those that `FeedResize` expects.
+void SdlDisplay::Scale(float scale, DisplayEvents& events) {
+    const float before = std::exchange(scale_, scale);
+    for (auto& [id, entry] : windows_) {
+        tvok_Rect& actual = entry.actual;
+        const std::int32_t width = WidthOf(actual);
+        const std::int32_t height = HeightOf(actual);
+        const std::int32_t left = FromScreen(ToScreen(actual.Left, before), scale);
+        const std::int32_t top = FromScreen(ToScreen(actual.Top, before), scale);
+        actual = {left, top, left + width, top + height};
+        SDL_SetWindowSize(entry.window, std::max(ToScreen(width, scale), 1),
+                          std::max(ToScreen(height, scale), 1));
+        events.WindowMoved(id, left, top);
+    }
 }
 
 SdlWindow* SdlDisplay::Find(Handle id) {

@@ -131,6 +131,16 @@ void World::SetTheme(const Theme& wanted) {
     failed.Rethrow();
 }
 
+/// What windows were given before counts at the scale before. The places that the display tells wait in the
+/// queue, as those that a user moves windows to.
+void World::Scale(float scale) {
+    if (scale == display->Scale()) return;
+    for (Window* top : windows.tops())
+        if (top->top()->isOpen) Tell(*top);
+    display->Scale(scale, input);
+    for (Window* top : windows.tops()) top->top()->damage.Add(top->outer());
+}
+
 Form& World::AddForm(std::unique_ptr<Form> form) {
     Form& added = *form;
     forms.push_back(std::move(form));
@@ -206,19 +216,26 @@ DisplayWindow World::Describe(const Window& window) const {
     return {window.handle(), window.rect(), top.caption, top.popup, form && form->resizable, window.shown()};
 }
 
-/// Tells the display what changed of a top-level window since it was told last.
-void World::Show(Window& window) {
+/// Tells the display of an open window what changed since it was told last.
+void World::Tell(Window& window) {
     TopLevel& top = *window.top();
     DisplayWindow now = Describe(window);
-    if (!top.isOpen) {
-        if (!now.visible) return;
-        display->Open(now);
+    if (now != top.told) display->Change(now);
+    top.told = std::move(now);
+}
+
+/// The same of any window, and its pixels.
+void World::Show(Window& window) {
+    TopLevel& top = *window.top();
+    if (top.isOpen) {
+        Tell(window);
+    } else {
+        top.told = Describe(window);
+        if (!top.told.visible) return;
+        display->Open(top.told);
         top.isOpen = true;
         top.damage.Add(window.outer());
-    } else if (now != top.told) {
-        display->Change(now);
     }
-    top.told = std::move(now);
     if (std::exchange(top.toRaise, false) && window.shown()) display->Raise(window.handle());
     if (window.shown() && !top.damage.IsEmpty())
         display->Present(window.handle(), top.surface, top.damage.Take());

@@ -66,6 +66,7 @@ public:
     host::FontValue DefaultFont() const;
     std::int32_t ColorOf(OLE_COLOR color) const; ///< 0x00BBGGRR.
     void SetTheme(const Theme& wanted);
+    void Scale(float scale);
 
     Form& AddForm(std::unique_ptr<Form> form);
     void CloseForm(Form& form);
@@ -105,6 +106,7 @@ public:
 
 private:
     DisplayWindow Describe(const Window& window) const;
+    void Tell(Window& window);
     void Show(Window& window);
     void FreeBuried();
 
