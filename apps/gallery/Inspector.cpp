@@ -103,7 +103,12 @@ void Inspector::Offer(const std::string& page, std::vector<Subject> subjects) {
     Show(gone && samePage);
 }
 
+void Inspector::Take() {
+    properties_.editors().Take();
+}
+
 void Inspector::Select(const std::string& name) {
+    if (name != selected_) Take(); // which may change what there is to select
     const Subject* subject = Find(name);
     const std::string wanted = subject == nullptr ? std::string() : name;
     if (wanted == selected_) return Update();

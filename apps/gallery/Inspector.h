@@ -34,6 +34,7 @@ public:
     const std::string& Selected() const { return selected_; }
     const std::vector<Subject>& subjects() const { return subjects_; }
     void Update();     ///< Shows values that something else has changed.
+    void Take();       ///< What is being typed becomes the property's value.
     void OpenChoice(); ///< The list of the subjects.
     void ThemeChanged();
 

@@ -84,6 +84,7 @@ void Window::SetUpList() {
 void Window::Choose(std::size_t place) {
     Shown& next = all_.at(place);
     if (shown_ == &next) return;
+    if (bench_) bench_->inspector.Take(); // still the page's that was shown
     const bool made = next.page == nullptr;
     if (made) Make(next);
     if (shown_ != nullptr) ShowControls(*shown_, false);

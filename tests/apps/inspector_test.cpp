@@ -68,6 +68,11 @@ protected:
         desktop_.Type(text);
         desktop_.Key(VK_RETURN);
     }
+    std::string Current() {
+        tvok::elistdata item;
+        inspector_.list().GetItem(item, {}, inspector_.list().ListIndex());
+        return item.hItem.key;
+    }
     bool Shows(const char* control) {
         return desktop_.form().ComponentOf(*desktop_.form().Find(control)).Visible();
     }
@@ -106,16 +111,19 @@ TEST_F(InspectorTest, EveryTypeOfControlHasItsPropertiesAndEachTakesAnotherValue
     for (const std::string& type : tvok::RegisteredControls()) {
         desktop_.form().Adopt(type, {10, 300, 300, 100}, tvok::MakeControl(type), nullptr);
         Control& control = *desktop_.form().Find(type);
-        if (auto* bar = dynamic_cast<tvok::pcols*>(&control))
-            bar->Add(0, "Name", 200, {}, 0, tvok::cButtonText);
+        for (const char* caption : {"a", "b", "c"}) {
+            if (auto* bar = dynamic_cast<tvok::pcols*>(&control)) bar->Add(0, caption, 60, {}, 0, 0);
+            if (auto* list = dynamic_cast<tvok::qRosterex*>(&control))
+                list->HeaderAdd(0, caption, 60, {}, 0, 0);
+        }
         std::size_t properties = 0;
         for (const PropertyGroup& group :
              GroupsOf({.name = type, .control = &control, .form = &desktop_.form()})) {
             for (const Property& property : group.properties) {
                 ++properties;
-                // Without items there is none to make current, and a width follows from a strip's height.
+                // Without items there is none to make current, and many controls fit their own size.
                 if (property.readOnly || property.name == "ListIndex") continue;
-                if (type == "xbutton" && property.name == "Width") continue;
+                if (property.name == "Width" || property.name == "Height") continue;
                 SCOPED_TRACE(type + ": " + group.title + "." + property.name);
                 const Variant before = property.get();
                 const Variant other = OtherValue(property);
@@ -131,6 +139,14 @@ TEST_F(InspectorTest, EveryTypeOfControlHasItsPropertiesAndEachTakesAnotherValue
         desktop_.Pump();
     }
     EXPECT_GE(types, 9u);
+}
+
+TEST_F(InspectorTest, ASizeIsTheControlsWhereItTakesOne) {
+    inspector_.Select("label");
+    EXPECT_TRUE(inspector_.properties().Set("Place.Width", Variant(120)));
+    EXPECT_TRUE(inspector_.properties().Set("Place.Height", Variant(50)));
+    EXPECT_EQ(desktop_.form().PlacementOf(label_).width, 120);
+    EXPECT_EQ(desktop_.form().PlacementOf(label_).height, 50);
 }
 
 TEST_F(InspectorTest, WhatHasNoTableHasNoProperties) {
@@ -152,7 +168,8 @@ TEST_F(InspectorTest, APlaceThatIsTypedMovesTheControlAndANameCannotBeTyped) {
     TypeInto("Place.Left", "44");
     EXPECT_EQ(desktop_.form().PlacementOf(roster_).left, 44);
     EXPECT_THAT(told_, ElementsAre("page.roster.Left: 10 -> 44"));
-    GoTo("Place.Name");
+    desktop_.Key(VK_DOWN);
+    EXPECT_EQ(Current(), "Place.Name");
     EXPECT_FALSE(Shows("inspector.text"));
     desktop_.Key(F2);
     desktop_.Type("other");

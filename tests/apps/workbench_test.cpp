@@ -152,6 +152,24 @@ TEST_F(Bench, AnEditChangesTheControlOnThePage) {
     EXPECT_EQ(form().Find<tvok::qRoster>("details")->ItemHeight(), 40);
 }
 
+TEST_F(Bench, WhatWasTypedIsTakenWhereControlTabLeavesThePage) {
+    form().ComponentOf(inspector().list()).SetFocus();
+    inspector().list().ShowItem("Appearance.ItemHeight");
+    desktop_.Type("40");
+    std::vector<std::string> told;
+    const auto before = inspector().changed;
+    inspector().changed = [&](const PropertyChange& change) {
+        told.push_back(change.subject + " on " + window_->entry().name);
+        before(change);
+    };
+    desktop_.HoldKey(tvok::host::VK_CONTROL);
+    Key(tvok::host::VK_TAB);
+    desktop_.LetGoKey(tvok::host::VK_CONTROL);
+    EXPECT_STREQ(window_->entry().name, "feed");
+    EXPECT_EQ(form().Find<tvok::qRoster>("details")->ItemHeight(), 40);
+    EXPECT_THAT(told, ElementsAre("details on lists"));
+}
+
 // Keys.
 
 TEST_F(Bench, F6GoesAroundPageInspectorAndLogInBothDirections) {

@@ -47,7 +47,7 @@ until_true 20 some_row_is $selected || fail "after a letter no selected row is o
 xdotool windowsize "$window" 900 500
 corner_moved() {
     look_at_window
-    [ "$WIDTH" -eq 900 ] && [ "$(pixel_at $((900 - 12 - 100)) $((500 - 10)))" = DCDCDC ]
+    [ "$WIDTH" -eq 900 ] && [ "$(pixel_at $((900 - 6)) $((500 - 10)))" = DCDCDC ]
 }
 until_true 20 corner_moved || fail "the window did not take its new size"
 list_moved() { [ "$(pixel_at $((152 + 494 + 6)) $((82 + 40)))" = DCDCDC ]; }
