@@ -138,7 +138,7 @@ TEST_F(Bench, EveryPageOffersControlsAndTurns) {
         EXPECT_FALSE(inspector().subjects().empty()) << page.name;
         for (const Subject& subject : inspector().subjects()) {
             window_->workbench().Select(subject.name);
-            EXPECT_GT(inspector().list().Count(), 5) << subject.name;
+            EXPECT_GT(inspector().list().Count(), 1) << subject.name;
             Turn();
         }
     }
