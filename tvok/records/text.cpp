@@ -1,5 +1,7 @@
 #include "tvok/records/text.h"
 
+#include <algorithm>
+
 namespace tvok {
 namespace {
 
@@ -39,6 +41,7 @@ std::string_view Trim(std::string_view text) {
 std::vector<std::string_view> Split(std::string_view text, char separator) {
     std::vector<std::string_view> parts;
     if (text.empty()) return parts;
+    parts.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1);
     for (auto end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
         parts.push_back(text.substr(0, end));
         text.remove_prefix(end + 1);
