@@ -11,8 +11,8 @@ namespace tvok {
 namespace {
 
 using bench::AllocationsOf;
+using bench::RatioOf;
 using bench::Report;
-using bench::Seconds;
 using bench::Wanted;
 
 constexpr std::int32_t cWidth = 1200, cColumns = 24;
@@ -52,10 +52,8 @@ void DragSteps(Bar& page) {
         page.bar.Refresh();
         page.Run();
     };
-    const double painted = Seconds(60, paint, 20);
-    const double dragged = Seconds(60, step, 20);
-    Report("a drag step of a bar of 24 columns / a paint of the bar", dragged / painted, Wanted::AtMost,
-           1.25);
+    const double ratio = RatioOf(step, paint, 5);
+    Report("a drag step of a bar of 24 columns / a paint of the bar", ratio, Wanted::AtMost, 1.25);
     Report("allocations of a paint of the bar", AllocationsOf([&] { page.bar.Refresh(); }), Wanted::AtMost, 0,
            "");
     page.desktop.Input().MouseUp(desktop::MouseButton::Left);

@@ -100,6 +100,7 @@ void Sort(Run& run) {
     OneDesktop desktop;
     FlatList list(run, desktop);
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(run.rows()));
     for (int i = 0; i < run.rows(); ++i) texts.push_back(SortText(i));
     run.Tell(Measure(
                  3,

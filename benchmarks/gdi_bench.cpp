@@ -64,15 +64,14 @@ std::vector<std::string> Words(std::size_t count, unsigned seed) {
 void ReportCells(Page& page, const char* what, const std::vector<std::string>& words) {
     std::size_t next = 0;
     page.Draw(words, next);
-    const double fill = Seconds(400, [&] { page.Fill(); });
-    const double draw = Seconds(400, [&] { page.Draw(words, next); });
+    const double ratio = RatioOf([&] { page.Draw(words, next); }, [&] { page.Fill(); });
     page.Draw(words, next);
     const double taken = AllocationsOf([&] {
         for (int run = 0; run < 20; ++run) page.Draw(words, next);
     });
-    std::printf("%s: fill %.3f us, text %.3f us a cell\n", what, fill * 1e6 / cells, draw * 1e6 / cells);
-    Report("  cost of a text cell by the cost of its fill", draw / fill, Wanted::AtMost, 5);
-    Report("  heap blocks of a text cell", taken / (20.0 * cells), Wanted::AtMost, 0, "");
+    Report((std::string("a cell of ") + what + " / its fill").c_str(), ratio, Wanted::AtMost, 5);
+    Report((std::string("heap blocks of a cell of ") + what).c_str(), taken / (20.0 * cells), Wanted::AtMost,
+           0, "");
 }
 
 void ReportText() {
@@ -98,14 +97,12 @@ void ReportScroll() {
     };
     moveBytes();
     scroll();
-    const double plain = Seconds(300, moveBytes);
-    const double scrolled = Seconds(300, scroll);
-    std::printf("scroll of a page by a row: memmove %.1f us, Scroll %.1f us\n", plain * 1e6, scrolled * 1e6);
-    Report("  cost of Scroll by the cost of memmove", scrolled / plain, Wanted::AtMost, 1.3);
+    const double ratio = RatioOf(scroll, moveBytes);
+    Report("Scroll of a page by a row / memmove of the page", ratio, Wanted::AtMost, 1.3);
     const double taken = AllocationsOf([&] {
         for (int run = 0; run < 20; ++run) scroll();
     });
-    Report("  heap blocks of a scroll", taken / 20, Wanted::AtMost, 0, "");
+    Report("heap blocks of a Scroll", taken / 20, Wanted::AtMost, 0, "");
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include "apps/logview/Viewer.h"
+#include "benchmarks/LargeListPage.h"
 #include "benchmarks/ratios.h"
 
 namespace logview {
@@ -127,8 +128,27 @@ void ReportIndex(const std::string& path) {
                         tvok::bench::Wanted::AtMost, 1, "bytes");
 }
 
+/// Processor time of opening a window with a list that is there.
+double OpeningOfAList() {
+    tvok::bench::LargeListPage page;
+    double seconds = 1e9;
+    for (int run = 0; run < 10 * cRuns; ++run) {
+        seconds = std::min(seconds, tvok::bench::Seconds(1, [&] {
+                               page.Open(1'000'000, [](std::int32_t row, std::string& text) {
+                                   for (int column = 0; column < tvok::bench::cListColumns; ++column) {
+                                       tvok::bench::AppendNumber(text, row);
+                                       text += '\t';
+                                   }
+                               });
+                           }));
+        page.Close();
+    }
+    return seconds;
+}
+
 /// From opening the log to the painted page, without the desktop's own start. The index works beside it.
 void ReportFirstPage(const std::string& path) {
+    const double list = OpeningOfAList();
     tvok::DesktopOptions screen;
     screen.display = tvok::DesktopOptions::Display::Headless;
     tvok::Desktop desktop(screen);
@@ -145,9 +165,10 @@ void ReportFirstPage(const std::string& path) {
         desktop.Forms().back()->Close();
         desktop.ProcessEvents(std::chrono::milliseconds(0));
     }
-    std::printf("  first page after %.1f ms by the clock\n", spent.clock * 1e3);
-    tvok::bench::Report("log viewer, work for the first page", spent.processor * 1e3,
-                        tvok::bench::Wanted::AtMost, 100, "ms");
+    std::printf("  first page after %.1f ms by the clock, %.1f ms of processor\n", spent.clock * 1e3,
+                spent.processor * 1e3);
+    tvok::bench::Report("log viewer, work for the first page / opening a window with a list",
+                        spent.processor / list, tvok::bench::Wanted::AtMost, 20);
 }
 
 /// Copies the first `lines` lines and gives the bytes of the copy.

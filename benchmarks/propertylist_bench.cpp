@@ -113,6 +113,7 @@ double LeastForRows(ListInMemory& at, const std::vector<elistdata>& items) {
     double least = 1e9;
     for (int run = 0; run < 3; ++run) {
         std::vector<std::pair<std::string_view, std::int32_t>> keys;
+        keys.reserve(items.size());
         for (const elistdata& item : items)
             keys.emplace_back(item.hItem.text, static_cast<std::int32_t>(keys.size()));
         float widest = 0;

@@ -43,6 +43,23 @@ double Seconds(int runs, Action&& action, int each = 1) {
     return least / each;
 }
 
+/// Time of an action against that of another. They take turns in short runs, so that a busy moment does not
+/// hit one alone, until neither has become faster for a while.
+template<class Action, class Other>
+double RatioOf(Action&& action, Other&& other, int each = 1) {
+    constexpr int settled = 200;
+    constexpr double most = 5; // seconds
+    double time = 1e9, otherTime = 1e9;
+    const double end = Now() + most;
+    for (int since = 0; since < settled && Now() < end; ++since) {
+        const double now = Seconds(1, action, each), otherNow = Seconds(1, other, each);
+        if (now < time * 0.99 || otherNow < otherTime * 0.99) since = 0;
+        time = std::min(time, now);
+        otherTime = std::min(otherTime, otherNow);
+    }
+    return time / otherTime;
+}
+
 /// Heap blocks that `action` asks for, also inside the text libraries.
 template<class Action>
 double AllocationsOf(Action&& action) {

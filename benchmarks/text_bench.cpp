@@ -71,12 +71,11 @@ void ReportCells(const char* what, const Words& words, double most) {
             if (++next == words.size()) next = 0;
         }
     };
-    const double filled = bench::Seconds(200, fill);
-    const double drawn = bench::Seconds(200, draw);
+    const double ratio = bench::RatioOf(draw, fill);
     const double taken = bench::AllocationsOf([&] {
         for (int run = 0; run < 20; ++run) draw();
     });
-    bench::Report((std::string("text engine, ") + what + " / filling its cell").c_str(), drawn / filled,
+    bench::Report((std::string("text engine, ") + what + " / filling its cell").c_str(), ratio,
                   bench::Wanted::AtMost, most);
     bench::Report((std::string("text engine, allocations per cell, ") + what).c_str(), taken / (20.0 * cells),
                   bench::Wanted::AtMost, 0.01, "");

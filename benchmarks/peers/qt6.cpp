@@ -390,6 +390,7 @@ void FlatOpen(Run& run) {
 void FlatSort(Run& run) {
     List list;
     std::vector<QString> texts;
+    texts.reserve(static_cast<std::size_t>(run.rows()));
     for (int i = 0; i < run.rows(); ++i) texts.push_back(QString::fromStdString(SortText(i)));
     run.Tell(Measure(
                  3,
