@@ -59,5 +59,7 @@ foreach(name ${tvok_pc_names})
   configure_file(${CMAKE_CURRENT_LIST_DIR}/${name}.pc.in ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()
-install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+if(NOT TVOK_PACKAGES) # which have papers of their own
+  install(FILES LICENSE README.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+endif()
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME Unspecified)
