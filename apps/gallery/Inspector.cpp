@@ -22,8 +22,8 @@ constexpr bool IsOpening(std::int32_t code) {
 
 } // namespace
 
-Inspector::Inspector(tvok::Desktop& desktop, tvok::Form& form)
-    : desktop_(desktop), form_(form), line_(form.Add<tvok::iLabel>("inspector.line", {})),
+Inspector::Inspector(tvok::Desktop&, tvok::Form& form)
+    : form_(form), line_(form.Add<tvok::iLabel>("inspector.line", {})),
       arrow_(form.Add<tvok::xbutton>("inspector.arrow", {})),
       list_(form.Add<tvok::gList>("inspector.list", {})),
       text_(form.Add<tvok::TextBox>("inspector.text", {})), check_(form.Add<CheckBox>("inspector.check", {})),
@@ -142,7 +142,7 @@ void Inspector::FillChoice() {
     choice_.Clear();
     choice_.CX_TEXT(4);
     choice_.ItemHeight(RowHeight);
-    choice_.GridlineColor(tvok::cButtonFace);
+    choice_.GridlineColor(tvok::SystemColor(tvok::host::COLOR_BTNSHADOW));
     choice_.GridlineOnBorder(true);
     for (const Subject& subject : subjects_) choice_.AddItem({.text = LineOf(subject)});
 }

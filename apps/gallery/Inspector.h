@@ -51,7 +51,6 @@ private:
     void FillChoice();
     void Show(bool controlsAreGone);
 
-    tvok::Desktop& desktop_;
     tvok::Form& form_;
     Fonts fonts_;
     tvok::tvok_Rect area_;

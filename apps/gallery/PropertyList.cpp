@@ -209,8 +209,7 @@ void PropertyList::Report(const std::string& key, const Variant& before) {
         return;
     }
     const Variant now = property->get();
-    const std::string told = key;
-    if (now != tried.before) edited(told, tried.before, now);
+    if (now != tried.before) edited(tried.key, tried.before, now);
 }
 
 void PropertyList::Update() {

@@ -22,6 +22,7 @@ constexpr std::array ScalePercents{100, 125, 150, 200};
 
 std::vector<std::string> ScaleNames() {
     std::vector<std::string> names;
+    names.reserve(ScalePercents.size());
     for (const std::int32_t percent : ScalePercents) names.push_back(std::to_string(percent) + " %");
     return names;
 }

@@ -161,8 +161,8 @@ std::string Window::PartWithFocus() const {
     const Handle focus = platform().GetFocus();
     for (const std::string& name : form_.Names()) {
         if (!IsInside(focus, form_.ComponentOf(*form_.Find(name)).hWnd())) continue;
-        for (const std::string part : Parts)
-            if (!part.empty() && name.starts_with(part)) return part;
+        for (const char* part : Parts)
+            if (*part != '\0' && name.starts_with(part)) return part;
     }
     return {};
 }

@@ -42,7 +42,7 @@ std::vector<Scene> Window::Scenes() {
     };
     return {
         {"",
-         [=, this] {
+         [click] {
              click("details", {300, 30});
          }},
         {"events",

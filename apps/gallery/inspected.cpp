@@ -92,6 +92,7 @@ std::vector<PropertyGroup> GroupsOf(const Subject& subject) {
     if (subject.properties) return subject.properties();
     if (subject.control == nullptr) return {};
     std::vector<PropertyGroup> groups;
+    groups.reserve(Titles.size());
     for (const char* title : Titles) groups.push_back({title, title, {}});
     for (Property& property : AllOf(*subject.control)) {
         const auto group = std::ranges::find(groups, TitleOf(property), &PropertyGroup::title);
