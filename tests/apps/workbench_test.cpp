@@ -6,6 +6,7 @@
 #include "apps/gallery/Hands.h"
 #include "apps/gallery/Window.h"
 #include "tests/support/TestDesktop.h"
+#include "tvok/host/desktop/pixels/Png.h"
 
 namespace gallery {
 namespace {
@@ -261,6 +262,25 @@ TEST_F(Bench, AClickChangesTheThemeAndEveryPageFollows) {
     Click("tools.themes", {10, 10});
     EXPECT_EQ(desktop_.desktop().CurrentTheme().name, "classic");
     EXPECT_EQ(label.ForeColor(), 0);
+}
+
+/// Of a page in the window without panes, which comes up in one theme and is switched to another.
+std::vector<std::uint32_t> PicturesOf(const char* page, const char* first, const char* then) {
+    tvok::test::TestDesktop desktop;
+    desktop.desktop().SetTheme(tvok::Theme::ByName(first));
+    const auto window = Window::Open(desktop.desktop(), page);
+    desktop.Pump();
+    window->SetTheme(then);
+    desktop.Pump();
+    const std::string file = std::string(TVOK_TEST_OUTPUT) + "/theme.png";
+    desktop.desktop().SaveForm(window->form(), file);
+    return tvok::soft::ReadPng(file).pixels;
+}
+
+TEST(WindowInAnotherTheme, LooksAsIfItHadComeUpInIt) {
+    for (const PageEntry& page : Pages())
+        EXPECT_TRUE(PicturesOf(page.name, "classic", "dark") == PicturesOf(page.name, "dark", "dark"))
+            << page.name;
 }
 
 TEST_F(Bench, AClickChangesTheScale) {
