@@ -30,4 +30,18 @@ void Hands::Wheel(const tvok::host::Control& control, std::int32_t notches) {
     desktop_.Input().Wheel(notches);
 }
 
+void Hands::Press(std::int32_t key) {
+    desktop_.Input().KeyDown(key);
+    desktop_.Input().KeyUp(key);
+}
+
+void Hands::Type(std::string_view ascii) {
+    for (const char letter : ascii) {
+        constexpr std::int32_t AnyKey = 0xE7;
+        desktop_.Input().KeyDown(AnyKey);
+        desktop_.Input().Text(std::string_view(&letter, 1));
+        desktop_.Input().KeyUp(AnyKey);
+    }
+}
+
 } // namespace gallery

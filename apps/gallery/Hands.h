@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "tvok/tvok.h"
 
@@ -17,6 +18,8 @@ public:
     void Click(const tvok::host::Control& control, tvok::host::Point point, std::int32_t heldKey = 0);
     void Drag(const tvok::host::Control& control, tvok::host::Point from, tvok::host::Point to);
     void Wheel(const tvok::host::Control& control, std::int32_t notches);
+    void Press(std::int32_t key);      ///< Down and up again.
+    void Type(std::string_view ascii); ///< A key for each character.
 
 private:
     void MoveTo(const tvok::host::Control& control, tvok::host::Point point);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/gallery/inspected.h"
+#include "apps/gallery/keys.h"
 #include "tvok/engine/dgi.h"
 
 namespace gallery {
@@ -17,7 +18,7 @@ constexpr std::int32_t MostRowsOfChoice = 16;
 
 constexpr bool IsOpening(std::int32_t code) {
     using namespace tvok::host;
-    return code == VK_F1 + 3 || code == VK_RETURN || code == VK_SPACE || code == VK_DOWN || code == VK_UP;
+    return code == F4 || code == VK_RETURN || code == VK_SPACE || code == VK_DOWN || code == VK_UP;
 }
 
 } // namespace

@@ -265,18 +265,12 @@ void PropertiesPage::ClickRow(const std::string& key) {
 }
 
 void PropertiesPage::Key(std::int32_t code) {
-    desktop_.Input().KeyDown(code);
-    desktop_.Input().KeyUp(code);
+    hands_.Press(code);
     desktop_.ProcessEvents(std::chrono::milliseconds{0});
 }
 
 void PropertiesPage::Type(const std::string& text) {
-    for (const char letter : text) {
-        constexpr std::int32_t AnyKey = 0xE7;
-        desktop_.Input().KeyDown(AnyKey);
-        desktop_.Input().Text(std::string_view(&letter, 1));
-        desktop_.Input().KeyUp(AnyKey);
-    }
+    hands_.Type(text);
     desktop_.ProcessEvents(std::chrono::milliseconds{0});
 }
 

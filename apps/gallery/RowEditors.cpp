@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "apps/gallery/keys.h"
 #include "tvok/engine/dgi.h"
 #include "tvok/host/Services.h"
 
@@ -12,7 +13,6 @@ using tvok::vflag::Editor;
 
 namespace {
 
-constexpr std::int32_t F2 = VK_F1 + 1, F4 = VK_F1 + 3;
 constexpr std::int32_t AllCharacters = 1'000'000;
 
 /// Keys that give a character, by their codes.

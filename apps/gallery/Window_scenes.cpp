@@ -1,6 +1,7 @@
 // The states of the workbench that are worth a picture.
 #include "apps/gallery/Hands.h"
 #include "apps/gallery/Window.h"
+#include "apps/gallery/keys.h"
 
 namespace gallery {
 
@@ -8,30 +9,17 @@ namespace {
 
 constexpr std::chrono::milliseconds NoWait{0};
 
-void Press(tvok::Desktop& desktop, std::int32_t key) {
-    desktop.Input().KeyDown(key);
-    desktop.Input().KeyUp(key);
-}
-
-void Type(tvok::Desktop& desktop, std::string_view text) {
-    for (const char letter : text) {
-        constexpr std::int32_t AnyKey = 0xE7;
-        desktop.Input().KeyDown(AnyKey);
-        desktop.Input().Text(std::string_view(&letter, 1));
-        desktop.Input().KeyUp(AnyKey);
-    }
-}
-
 } // namespace
 
 /// By clicks and keys, as a user does it.
 std::vector<Scene> Window::Scenes() {
+    const auto hands = [this] { return Hands(desktop_, form_); };
     const auto turn = [this] {
         desktop_.ProcessEvents(NoWait);
         Turn(NoWait);
     };
     const auto click = [=, this](const char* control, tvok::host::Point point) {
-        Hands(desktop_, form_).Click(*form_.Find(control), point);
+        hands().Click(*form_.Find(control), point);
         turn();
     };
     // A row of the inspector's list, by its key.
@@ -50,27 +38,27 @@ std::vector<Scene> Window::Scenes() {
              click("sections", {60, 70});
              click("names", {260, 30});
              for (int step = 0; step < 4; ++step) {
-                 Press(desktop_, tvok::host::VK_DOWN);
+                 hands().Press(tvok::host::VK_DOWN);
                  turn();
              }
          }},
         {"edited",
          [=, this] {
              toRow("Appearance.ItemHeight");
-             Type(desktop_, "34");
-             Press(desktop_, tvok::host::VK_RETURN);
+             hands().Type("34");
+             hands().Press(tvok::host::VK_RETURN);
              turn();
          }},
         {"colors",
          [=, this] {
              toRow("Appearance.SelectedColor");
-             Press(desktop_, tvok::host::VK_F1 + 3);
+             hands().Press(F4);
              turn();
          },
          true},
         {"choice",
          [=, this] {
-             Press(desktop_, tvok::host::VK_ESCAPE);
+             hands().Press(tvok::host::VK_ESCAPE);
              turn();
              click("inspector.line", {40, 10});
          },

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "apps/gallery/inspected.h"
+#include "apps/gallery/keys.h"
 #include "tests/apps/OtherValue.h"
 #include "tests/support/TestDesktop.h"
 
@@ -18,8 +19,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using tvok::Variant;
 using namespace tvok::host;
-
-constexpr std::int32_t F2 = VK_F1 + 1, F4 = VK_F1 + 3;
 
 class InspectorTest : public testing::Test {
 protected:

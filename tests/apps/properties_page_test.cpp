@@ -9,6 +9,7 @@
 #include <set>
 
 #include "apps/gallery/Window.h"
+#include "apps/gallery/keys.h"
 #include "tests/apps/OtherValue.h"
 #include "tests/support/TestDesktop.h"
 #include "tvok/host/Services.h"
@@ -20,8 +21,6 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using tvok::Variant;
 using namespace tvok::host;
-
-constexpr std::int32_t F2 = VK_F1 + 1, F4 = VK_F1 + 3;
 
 class PropertiesPageTest : public testing::Test {
 protected:

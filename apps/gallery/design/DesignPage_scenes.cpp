@@ -15,10 +15,6 @@ Point DesignPage::OnArea(Point point) const {
 }
 
 std::vector<Scene> DesignPage::Scenes() {
-    const auto press = [this](std::int32_t key) {
-        desktop_.Input().KeyDown(key);
-        desktop_.Input().KeyUp(key);
-    };
     return {
         {"", [] {}},
         {"selected",
@@ -34,9 +30,9 @@ std::vector<Scene> DesignPage::Scenes() {
              hands_.Drag(area_, OnArea({287, 295}), OnArea({230, 250}));
          }},
         {"undone",
-         [this, press] {
+         [this] {
              desktop_.Input().KeyDown(VK_CONTROL);
-             press('Z');
+             hands_.Press('Z');
              desktop_.Input().KeyUp(VK_CONTROL);
          }},
         {"running", [this] { Run(); }, true},
