@@ -4,6 +4,8 @@
 #include <array>
 #include <limits>
 
+#include "apps/gallery/inspected.h"
+
 namespace gallery {
 
 using tvok::host::platform;
@@ -92,22 +94,35 @@ void ColumnsPage::MakeColumns() {
     for (std::size_t i = 0; i < FieldsAtFirst; ++i)
         bar_.Add(0, Fields[i].caption, Fields[i].width, Fields[i].key, Fields[i].alignment,
                  tvok::cButtonText);
-    bar_.Refresh();
-    Fill();
+    ColumnsChanged();
 }
 
 void ColumnsPage::AddColumn() {
     const Field& next = Fields[static_cast<std::size_t>(bar_.Count()) % Fields.size()];
     bar_.Add(bar_.Count() > 0 ? -1 : 0, next.caption, next.width, next.key, next.alignment,
              tvok::cButtonText);
-    bar_.Refresh();
-    Fill();
+    ColumnsChanged();
 }
 
 void ColumnsPage::RemoveColumn() {
     bar_.Remove(bar_.Count());
+    ColumnsChanged();
+}
+
+void ColumnsPage::ColumnsChanged() {
     bar_.Refresh();
     Fill();
+    if (bench_) bench_->SubjectsChanged();
+}
+
+/// The bar has properties for each of its columns, which come and go.
+std::optional<std::vector<Subject>> ColumnsPage::Subjects() {
+    const Subject bar{.name = "columns.bar", .control = &bar_, .form = &form_};
+    std::vector<Subject> subjects{bar,
+                                  {.name = "columns.list", .control = &list_, .form = &form_},
+                                  {.name = "columns.switches", .control = &switches_.list(), .form = &form_}};
+    subjects.front().properties = [bar] { return GroupsOf(bar); };
+    return subjects;
 }
 
 void ColumnsPage::Press(std::int32_t column) {

@@ -4,12 +4,14 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "apps/gallery/Hands.h"
 #include "apps/gallery/Page.h"
 #include "apps/gallery/SwitchPanel.h"
+#include "apps/gallery/Workbench.h"
 #include "apps/gallery/drawing.h"
 #include "apps/gallery/packages.h"
 
@@ -26,6 +28,8 @@ public:
     void Paint(tvok::host::Handle hDC) override;
     bool IsLive() const override { return true; }
     void Turn(std::chrono::milliseconds) override { Follow(); }
+    void Attach(Workbench& bench) override { bench_ = &bench; }
+    std::optional<std::vector<Subject>> Subjects() override;
     std::vector<Scene> Scenes() override;
 
     tvok::pcols& bar() { return bar_; }
@@ -37,6 +41,7 @@ private:
 
     void SetUpSwitches();
     void MakeColumns();
+    void ColumnsChanged();
     void AddColumn();
     void RemoveColumn();
     void Press(std::int32_t column);
@@ -52,6 +57,7 @@ private:
     tvok::pcols& bar_;
     tvok::qRoster& list_;
     SwitchPanel switches_;
+    Workbench* bench_ = nullptr;
     tvok::tvok_Rect area_;
     std::string widths_; ///< As the list shows them.
     std::string pressed_ = "none yet";

@@ -134,6 +134,16 @@ void EventLog::Watch(tvok::host::Control& control, const std::string& name) {
     watches_[&control] = WatchEvents(control, std::make_shared<ControlListener>(store_, name));
 }
 
+void EventLog::WatchForm(tvok::Form& form, const std::string& name) {
+    const auto listener = [this](const std::string& of) {
+        return std::make_shared<ControlListener>(store_, of);
+    };
+    std::vector<EventWatches> watches{WatchEvents(form, listener(name))};
+    for (const std::string& control : form.Names())
+        watches.push_back(WatchEvents(*form.Find(control), listener(name + "." + control)));
+    forms_[&form] = std::move(watches);
+}
+
 // Rows.
 
 std::string EventLog::RowText(std::int32_t row) const {

@@ -2,10 +2,12 @@
 /// their arguments.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "apps/gallery/EventStore.h"
 #include "apps/gallery/SwitchPanel.h"
@@ -34,6 +36,12 @@ public:
     /// Notes the control's events from now on, under this name; its handlers stay what they are. A control
     /// that is watched gets the new name. Nothing for the log's own controls.
     void Watch(tvok::host::Control& control, const std::string& name);
+    /// It may be freed already: nothing but its address counts. The rows stay.
+    void Forget(const tvok::host::Control* control) { watches_.erase(control); }
+    /// As `Workbench` has them.
+    void WatchForm(tvok::Form& form, const std::string& name);
+    void ForgetForm(const tvok::Form& form) { forms_.erase(&form); }
+    std::size_t Watched() const { return watches_.size() + forms_.size(); } ///< Controls and forms.
     /// Shows what was noted since the last turn. Cheap where there is nothing, or while it is hidden.
     void Turn();
 
@@ -74,6 +82,7 @@ private:
     SwitchPanel actions_;
     SwitchPanel filters_;
     std::map<const tvok::host::Control*, EventWatches> watches_;
+    std::map<const tvok::Form*, std::vector<EventWatches>> forms_; // each with its controls
     tvok::tvok_Rect area_;
     bool isVisible_ = true;
     std::int64_t before_ = 0; // the number of row 0

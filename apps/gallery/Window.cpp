@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/gallery/keys.h"
 #include "tvok/engine/dgi.h"
 
 namespace gallery {
@@ -11,7 +12,6 @@ namespace {
 constexpr std::int32_t RowHeight = 28;
 constexpr std::int32_t HintHeight = 20;
 constexpr std::int16_t ShiftBit = 1, ControlBit = 2;
-constexpr std::int32_t F6 = tvok::host::VK_F1 + 5, F9 = tvok::host::VK_F1 + 8;
 
 } // namespace
 
@@ -90,11 +90,9 @@ void Window::Choose(std::size_t place) {
     if (shown_ != nullptr) ShowControls(*shown_, false);
     shown_ = &next;
     ShowControls(next, true);
-    if (bench_) {
-        if (made) next.page->Attach(*this);
-        SubjectsChanged();
-    }
-    Layout();
+    if (bench_ && made) next.page->Attach(*this);
+    Layout(); // first: some controls have properties only once they have a size
+    SubjectsChanged();
 }
 
 void Window::Make(Shown& shown) {

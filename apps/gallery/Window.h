@@ -104,6 +104,8 @@ private:
     std::string Selected() const override;
     void UpdateInspector() override;
     void SubjectsChanged() override;
+    void WatchForm(tvok::Form& form, const std::string& name) override;
+    void ForgetForm(const tvok::Form& form) override;
     std::vector<Subject> SubjectsOf(const Shown& shown) const;
     void Watch();
     void SelectPressed();

@@ -122,7 +122,8 @@ std::vector<Subject> Window::SubjectsOf(const Shown& shown) const {
 /// Each control once, also where it is a subject and on the form. One that is made anew at the same place in
 /// memory has lost its handlers with the one before, whose end the page told.
 void Window::Watch() {
-    std::vector<std::pair<std::string, tvok::host::Control*>> now;
+    using Watched = std::pair<std::string, tvok::host::Control*>;
+    std::vector<Watched> now;
     const auto add = [&](const std::string& name, tvok::host::Control* control) {
         const auto same = [&](const auto& entry) { return entry.second == control; };
         if (control != nullptr && std::ranges::none_of(now, same)) now.emplace_back(name, control);
@@ -133,7 +134,17 @@ void Window::Watch() {
     for (const auto& [name, control] : now)
         if (std::ranges::find(bench_->watched, std::pair(name, control)) == bench_->watched.end())
             bench_->log.Watch(*control, name);
+    for (const auto& [name, control] : bench_->watched)
+        if (std::ranges::find(now, control, &Watched::second) == now.end()) bench_->log.Forget(control);
     bench_->watched = std::move(now);
+}
+
+void Window::WatchForm(tvok::Form& form, const std::string& name) {
+    if (bench_) bench_->log.WatchForm(form, name);
+}
+
+void Window::ForgetForm(const tvok::Form& form) {
+    if (bench_) bench_->log.ForgetForm(form);
 }
 
 // Showing and hiding.

@@ -56,6 +56,11 @@ public:
     /// event log listens to what is new. Controls that are on the form now and are nobody else's belong to
     /// the page, that is they are shown and hidden with it.
     virtual void SubjectsChanged() = 0;
+
+    /// Notes in the event log what a form that is no part of the page raises, under this name, and what its
+    /// controls raise, as "name.control". Until `ForgetForm`, which may come from within such an event.
+    virtual void WatchForm(tvok::Form& form, const std::string& name) = 0;
+    virtual void ForgetForm(const tvok::Form& form) = 0; ///< Nothing for one that is not watched.
 };
 
 } // namespace gallery

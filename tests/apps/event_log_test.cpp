@@ -508,6 +508,28 @@ TEST_F(EventLogTest, TheColumnsFollowADividerOfTheBar) {
     EXPECT_THAT(list().HeaderWidths(), StartsWith("128-100-"));
 }
 
+TEST_F(EventLogTest, AControlThatIsForgottenAddsNoRow) {
+    auto& strip = AddWatched<tvok::xbutton>("strip", {10, 10, 60, 20});
+    const std::size_t watched = log_.Watched();
+    strip.events.Click("a");
+    log_.Forget(&strip);
+    strip.events.Click("b");
+    EXPECT_EQ(log_.Watched(), watched - 1);
+    EXPECT_THAT(Rows(), ElementsAre(R"(strip Click key="a")"));
+}
+
+TEST_F(EventLogTest, AFormIsWatchedWithItsControlsUntilItIsForgotten) {
+    tvok::Form& run = desktop_.desktop().AddForm("", 200, 100);
+    const auto& strip = run.Add<tvok::xbutton>("strip", {10, 10, 60, 20});
+    log_.WatchForm(run, "run");
+    strip.events.Click("a");
+    run.events.Closed = [&] { log_.ForgetForm(run); };
+    run.Close();
+    EXPECT_THAT(Rows(), testing::Contains(R"(run.strip Click key="a")"));
+    EXPECT_THAT(Rows(), testing::Contains(StartsWith("run Closed"))) << "the last that it raises";
+    EXPECT_EQ(log_.Watched(), 0u);
+}
+
 TEST_F(EventLogTest, AControlThatIsWatchedAgainGetsItsNewName) {
     auto& strip = AddWatched<tvok::xbutton>("strip", {10, 10, 60, 20});
     log_.Watch(strip, "renamed");

@@ -2,9 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "apps/gallery/ColumnsPage.h"
 #include "apps/gallery/FeedPage.h"
 #include "apps/gallery/Hands.h"
 #include "apps/gallery/Window.h"
+#include "apps/gallery/design/DesignPage.h"
+#include "apps/gallery/keys.h"
 #include "tests/support/TestDesktop.h"
 #include "tvok/host/desktop/pixels/Png.h"
 
@@ -16,8 +19,6 @@ using testing::ElementsAre;
 using testing::StartsWith;
 using tvok::host::platform;
 using tvok::host::Point;
-
-constexpr std::int32_t F6 = tvok::host::VK_F1 + 5, F9 = tvok::host::VK_F1 + 8;
 
 class Bench : public testing::Test {
 protected:
@@ -318,6 +319,94 @@ TEST_F(Bench, APageSelectsAndTellsOfControlsThatCameAndWent) {
     Turn();
     bench.Select("nobody");
     EXPECT_EQ(bench.Selected(), "");
+}
+
+TEST_F(Bench, TheLogForgetsAControlThatIsGone) {
+    Workbench& bench = window_->workbench();
+    const std::size_t before = window_->log()->Watched();
+    auto& added = form().Add<tvok::iLabel>("lists.added", {600, 600, 50, 20});
+    bench.SubjectsChanged();
+    EXPECT_EQ(window_->log()->Watched(), before + 1);
+    form().Remove(added);
+    bench.SubjectsChanged();
+    EXPECT_EQ(window_->log()->Watched(), before);
+    ShowPage("feed");
+    const std::size_t withFeed = window_->log()->Watched();
+    EXPECT_GT(withFeed, before);
+    ShowPage("lists");
+    EXPECT_EQ(window_->log()->Watched(), withFeed) << "a page that was shown is still listened to";
+}
+
+TEST_F(Bench, AFormThatIsRunIsInTheLogUntilItCloses) {
+    const auto logged = [&](const std::string& text) {
+        Turn();
+        for (std::int32_t row = 1; row <= window_->log()->list().Count(); ++row)
+            if (window_->log()->RowText(row).find(text) != std::string::npos) return true;
+        return false;
+    };
+    ShowPage("design");
+    auto& page = static_cast<DesignPage&>(window_->page());
+    const std::size_t watched = window_->log()->Watched();
+    page.Run();
+    ASSERT_EQ(page.Running().size(), 1u);
+    tvok::Form& running = *page.Running()[0];
+    EXPECT_GT(window_->log()->Watched(), watched);
+    std::string box;
+    for (const std::string& name : running.Names())
+        if (dynamic_cast<tvok::TextBox*>(running.Find(name)) != nullptr) box = name;
+    ASSERT_FALSE(box.empty());
+    running.Find<tvok::TextBox>(box)->Text("typed while it runs");
+    EXPECT_TRUE(logged("\trun." + box + "\tChange"));
+    running.Close();
+    EXPECT_TRUE(logged("\trun\tClosed"));
+    EXPECT_EQ(window_->log()->Watched(), watched);
+}
+
+TEST_F(Bench, WhatAnUndoMakesAnewIsForgottenWithTheOneBefore) {
+    ShowPage("design");
+    auto& designer = static_cast<DesignPage&>(window_->page()).designer();
+    const std::size_t watched = window_->log()->Watched();
+    designer.Select({designer.form().Names().front()});
+    for (int i = 0; i < 5; ++i) {
+        designer.DeleteSelected();
+        Turn();
+        EXPECT_LT(window_->log()->Watched(), watched);
+        designer.Undo();
+        Turn();
+        EXPECT_EQ(window_->log()->Watched(), watched);
+    }
+}
+
+TEST_F(Bench, TheBarsColumnsHaveRowsFromTheFirstVisitAndTheyFollow) {
+    const auto columns = [&] {
+        int count = 0;
+        while (inspector().properties().Find("Content.Column" + std::to_string(count + 1) + ".text") !=
+               nullptr)
+            ++count;
+        return count;
+    };
+    ShowPage("columns");
+    window_->workbench().Select("columns.bar");
+    EXPECT_EQ(columns(), 4);
+    const auto flip = [&](ColumnsPage::Switch which) {
+        const auto place = static_cast<std::int32_t>(which);
+        const std::int32_t half = PlaceOf("columns.switches").width / 2;
+        Click("columns.switches", {place % 2 * half + 60, place / 2 * SwitchPanel::RowHeight + 8});
+        window_->workbench().Select("columns.bar"); // which the click on the switch took away
+    };
+    flip(ColumnsPage::Add);
+    EXPECT_EQ(columns(), 5);
+    EXPECT_EQ(Value("Content.Column1.text"), "Summary");
+    flip(ColumnsPage::Remove);
+    flip(ColumnsPage::Remove);
+    EXPECT_EQ(columns(), 3);
+    flip(ColumnsPage::Reset);
+    EXPECT_EQ(columns(), 4);
+    // Also while they are shown, as where a program does it.
+    static_cast<tvok::pcols&>(Find("columns.bar")).Remove(1);
+    window_->workbench().SubjectsChanged();
+    EXPECT_EQ(columns(), 3);
+    EXPECT_EQ(Value("Content.Column1.text"), "Version");
 }
 
 TEST_F(Bench, KeysAndClicksAfterItsEndGoPastIt) {

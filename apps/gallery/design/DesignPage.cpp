@@ -183,17 +183,22 @@ void DesignPage::Save() {
 }
 
 void DesignPage::Run() {
+    tvok::Form* run = nullptr;
     try {
-        tvok::Form& run = desktop_.AddForm("", 100, 100);
-        running_.push_back(&run);
-        run.events.Closed = [this, &run] { std::erase(running_, &run); };
-        run.Content(designer_.model().Content());
+        run = &desktop_.AddForm("", 100, 100);
+        running_.push_back(run);
+        run->events.Closed = [this, run] {
+            std::erase(running_, run);
+            if (bench_) bench_->ForgetForm(*run);
+        };
+        run->Content(designer_.model().Content());
+        if (bench_) bench_->WatchForm(*run, "run");
         tvok::tvok_Rect place;
         platform().GetWindowRect(designer_.form().hWnd(), place);
-        run.Move(place.Left + 120, place.Top + 80);
+        run->Move(place.Left + 120, place.Top + 80);
         Tell("Running: it closes with its window");
     } catch (const tvok::Error& error) {
-        running_.back()->Close();
+        if (run != nullptr) run->Close();
         Tell(error.what(), true);
     }
 }
