@@ -13,6 +13,20 @@ tvok::Placement Limited(const tvok::Placement& place) {
             std::clamp(place.width, 0, MostPlace), std::clamp(place.height, 0, MostPlace)};
 }
 
+/// What a list writes and does not take back from a bag: whether lines go along its border, whose key is read
+/// by another spelling, and the band of a property list, which is always a loaded one's.
+template<class List>
+void SetAgain(tvok::host::Control& control, const tvok::FormFileControl& content) {
+    auto* list = dynamic_cast<List*>(&control);
+    if (list == nullptr) return;
+    tvok::host::MemoryBag settings = content.settings;
+    const bool lines = tvok::host::Read(settings, "GridLineOnBorder", false);
+    const std::int32_t band = tvok::host::Read(settings, "HeadWidthEx", 0);
+    // Some members throw at design time, after the property has its new value.
+    if (list->GridlineOnBorder() != lines) tvok::quietly([&] { list->GridlineOnBorder(lines); });
+    if (list->HeadWidthEx() != band) tvok::quietly([&] { list->HeadWidthEx(band); });
+}
+
 } // namespace
 
 DesignedForm::DesignedForm(tvok::Form& form) : form_(form) {
@@ -134,8 +148,15 @@ void DesignedForm::Reorder(const std::string& name, std::size_t place) {
     Commit();
 }
 
-void DesignedForm::Take(const std::string& name) {
-    if (Update(name)) Commit();
+bool DesignedForm::Take(const std::string& name) {
+    const bool kept = Update(name);
+    if (kept) Commit();
+    return kept;
+}
+
+void DesignedForm::TakeForm() {
+    now_.caption = form_.Caption();
+    Size(form_.Width(), form_.Height());
 }
 
 void DesignedForm::Caption(const std::string& text) {
@@ -156,13 +177,22 @@ void DesignedForm::Replace(const tvok::FormFile& content) {
           std::clamp(content.width, 1, MostSide),
           std::clamp(content.height, 1, MostSide),
           {}});
-    for (const tvok::FormFileControl& control : content.controls) Insert(control);
+    for (const tvok::FormFileControl& control : content.controls) Insert(form_.Add(control));
     Commit();
 }
 
+/// A control that is as the one whose content this was. One from a form file may be another.
+tvok::host::Control& DesignedForm::Make(const tvok::FormFileControl& content) {
+    tvok::host::Control& made = form_.Add(content);
+    SetAgain<tvok::qRoster>(made, content);
+    SetAgain<tvok::gList>(made, content);
+    SetAgain<tvok::xPopup>(made, content);
+    return made;
+}
+
 /// As the last one.
-void DesignedForm::Insert(const tvok::FormFileControl& content) {
-    now_.controls.push_back(Read(form_.Add(content))); // it may keep to other values than those wanted
+void DesignedForm::Insert(tvok::host::Control& made) {
+    now_.controls.push_back(Read(made)); // it may keep to other values than those wanted
 }
 
 std::string DesignedForm::Copy(const Names& names) const {
@@ -180,7 +210,7 @@ DesignedForm::Names DesignedForm::Paste(std::string_view text, std::int32_t offs
         control.place.left += offset;
         control.place.top += offset;
         control.place = Limited(control.place);
-        Insert(control);
+        Insert(Make(control));
         names.push_back(control.name);
     }
     Commit();
@@ -254,7 +284,7 @@ void DesignedForm::Become(const Control& target) {
         }
         form_.Remove(*control);
     }
-    form_.Add(*target);
+    Make(*target);
 }
 
 } // namespace gallery

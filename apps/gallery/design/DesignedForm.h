@@ -42,8 +42,10 @@ public:
     /// False, and nothing happens, where the new name is empty or another control has it.
     bool Rename(const std::string& name, const std::string& wanted);
     void Reorder(const std::string& name, std::size_t place); ///< In the order of Tab, from 0.
-    /// Takes over what somebody else has changed of a control: its properties, or its place.
-    void Take(const std::string& name);
+    /// Takes over what somebody else has changed of a control: its properties, or its place. False where
+    /// nothing is changed that a form file keeps.
+    bool Take(const std::string& name);
+    void TakeForm(); ///< The same of the form's caption and size, as one step.
     void Caption(const std::string& text);
     void Size(std::int32_t width, std::int32_t height); ///< Kept within what a form file takes.
     void Replace(const tvok::FormFile& content);        ///< By all of another form.
@@ -82,7 +84,8 @@ private:
     std::string FreeName(const std::string& type, const std::string& wanted = {}) const;
     Control Read(tvok::host::Control& control) const;
     bool Update(const std::string& name);
-    void Insert(const tvok::FormFileControl& content);
+    tvok::host::Control& Make(const tvok::FormFileControl& content);
+    void Insert(tvok::host::Control& made);
     void Commit();
     Names Show(const State& target);
     void Become(const Control& target);
