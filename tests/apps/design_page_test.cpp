@@ -1,16 +1,14 @@
 // The page "design" under a user's hands: selecting, dragging, keys, files and the running form.
 #include "apps/gallery/design/DesignPage.h"
 
-#include <filesystem>
 #include <fstream>
 #include <random>
 
 #include <gmock/gmock.h>
 
-#include "apps/gallery/Window.h"
 #include "apps/gallery/design/types.h"
+#include "tests/apps/DesignPageTest.h"
 #include "tests/support/RandomRuns.h"
-#include "tests/support/TestDesktop.h"
 #include "tvok/host/desktop/windows/World.h"
 
 namespace gallery {
@@ -25,94 +23,6 @@ using tvok::desktop::MouseButton;
 using tvok::host::platform;
 using tvok::host::Point;
 using namespace tvok::host; // the key codes
-
-class DesignPageTest : public testing::Test {
-protected:
-    explicit DesignPageTest(Panes panes = Panes::None)
-        : window_(Window::Open(desktop_.desktop(), "design", panes)) {
-        folder_ = std::filesystem::temp_directory_path() / ("tvok_design_" + std::to_string(std::rand()));
-        std::filesystem::create_directories(folder_);
-        Pump();
-        // Three controls with room around them.
-        tvok::FormFile simple{"Form", 320, 240, {}};
-        simple.controls.push_back({"TextBox", "a", {16, 16, 80, 24}, {}});
-        simple.controls.push_back({"TextBox", "b", {16, 56, 80, 24}, {}});
-        simple.controls.push_back({"iLabel", "c", {120, 16, 80, 64}, {}});
-        model().Replace(simple);
-        Pump();
-    }
-    ~DesignPageTest() override { std::filesystem::remove_all(folder_); }
-
-    DesignPage& page() { return dynamic_cast<DesignPage&>(window_->page()); }
-    Designer& designer() { return page().designer(); }
-    DesignedForm& model() { return designer().model(); }
-    tvok::Form& form() { return designer().form(); }
-    Placement PlaceOf(const std::string& name) { return form().PlacementOf(*form().Find(name)); }
-    const Designer::Names& Selected() { return designer().Selected(); }
-    tvok::desktop::Input& Input() { return desktop_.desktop().Input(); }
-    void Pump() { desktop_.Pump(); }
-
-    void MoveOn(tvok::host::Handle hWnd, std::int32_t x, std::int32_t y) {
-        Point point{x, y};
-        platform().ClientToScreen(hWnd, point);
-        Input().MouseMove(point.x, point.y);
-        Pump();
-    }
-    void MoveTo(std::int32_t x, std::int32_t y) { MoveOn(form().hWnd(), x, y); }
-    void Press(std::int32_t x, std::int32_t y) {
-        desktop_.clock().now += std::chrono::seconds(1); // no double click
-        MoveTo(x, y);
-        Input().MouseDown(MouseButton::Left);
-        Pump();
-    }
-    void Release() {
-        Input().MouseUp(MouseButton::Left);
-        Pump();
-    }
-    void Click(std::int32_t x, std::int32_t y) {
-        Press(x, y);
-        Release();
-    }
-    void Drag(Point from, Point to) {
-        Press(from.x, from.y);
-        for (int step = 1; step <= 4; ++step)
-            MoveTo(from.x + (to.x - from.x) * step / 4, from.y + (to.y - from.y) * step / 4);
-        Release();
-    }
-    template<class Action>
-    void Holding(std::int32_t key, const Action& action) {
-        desktop_.HoldKey(key);
-        action();
-        desktop_.LetGoKey(key);
-    }
-    void Control(std::int32_t key) {
-        Holding(VK_CONTROL, [&] { desktop_.Key(key); });
-    }
-    tvok::qRoster& Palette() { return *window_->form().Find<tvok::qRoster>("design.types"); }
-    tvok::TextBox& Field(const char* name) { return *window_->form().Find<tvok::TextBox>(name); }
-    tvok::host::Handle Area() {
-        return window_->form().ComponentOf(*window_->form().Find("design.area")).hWnd();
-    }
-    /// Clicks the command with this number in the bar.
-    void Command(std::int32_t number) {
-        desktop_.clock().now += std::chrono::seconds(1);
-        const auto& bar = *window_->form().Find("design.commands");
-        MoveOn(window_->form().ComponentOf(bar).hWnd(), CommandBar::CommandWidth * (number - 1) + 20, 12);
-        Input().MouseDown(MouseButton::Left);
-        Input().MouseUp(MouseButton::Left);
-        Pump();
-    }
-    static constexpr std::int32_t New = 1, Open = 2, Save = 3, Undo = 4, Redo = 5, Run = 6;
-    std::string FileNamed(const std::string& name) const { return (folder_ / name).string(); }
-    static std::string TextOf(const std::string& file) {
-        std::ifstream stream(file);
-        return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    }
-
-    tvok::test::TestDesktop desktop_;
-    std::shared_ptr<Window> window_;
-    std::filesystem::path folder_;
-};
 
 TEST_F(DesignPageTest, ComesUpWithAFormAtDesignTime) {
     while (model().CanUndo()) model().Undo();
@@ -238,6 +148,70 @@ TEST_F(DesignPageTest, EscTakesADragBackAndThenSelectsTheForm) {
     EXPECT_THAT(Selected(), IsEmpty());
 }
 
+class DesignPageFormHandle : public DesignPageTest {
+protected:
+    /// Presses the handle at the form's corner and drags it out by this much.
+    void DragCorner(std::int32_t by) {
+        Click(300, 200);
+        platform().GetWindowRect(form().hWnd(), rect_);
+        desktop_.clock().now += std::chrono::seconds(1);
+        Input().MouseMove(rect_.Right + 5, rect_.bottom + 5);
+        Input().MouseDown(MouseButton::Left);
+        MoveCorner(by);
+    }
+    void MoveCorner(std::int32_t by) {
+        Input().MouseMove(rect_.Right + 5 + by, rect_.bottom + 5 + by);
+        Pump();
+    }
+    int Steps() {
+        int count = 0;
+        for (; model().CanUndo(); ++count) model().Undo();
+        while (model().CanRedo()) model().Redo();
+        return count;
+    }
+
+    tvok::tvok_Rect rect_;
+};
+
+TEST_F(DesignPageFormHandle, EscEndsItsDrag) {
+    const int before = Steps();
+    DragCorner(24);
+    EXPECT_EQ(form().Width(), 344);
+    desktop_.Key(VK_ESCAPE);
+    EXPECT_EQ(form().Width(), 320);
+    for (const std::int32_t by : {32, 40, 48}) MoveCorner(by);
+    Release();
+    EXPECT_EQ(form().Width(), 320);
+    EXPECT_EQ(Steps(), before);
+}
+
+TEST_F(DesignPageFormHandle, ControlZEndsItsDragAndTakesItBack) {
+    const int before = Steps();
+    DragCorner(24);
+    Control('Z');
+    EXPECT_EQ(form().Width(), 320);
+    for (const std::int32_t by : {32, 40, 48}) MoveCorner(by);
+    Release();
+    EXPECT_EQ(form().Width(), 320);
+    EXPECT_TRUE(model().CanRedo());
+    EXPECT_EQ(Steps(), before);
+}
+
+TEST_F(DesignPageFormHandle, AButtonThatIsLetGoElsewhereEndsItsDrag) {
+    const int before = Steps();
+    DragCorner(24);
+    platform().ReleaseCapture();
+    MoveOn(window_->form().ComponentOf(Palette()).hWnd(), 60, 200);
+    Release();
+    EXPECT_TRUE(model().IsDragging());
+    MoveCorner(48);
+    EXPECT_FALSE(model().IsDragging());
+    EXPECT_EQ(form().Width(), 344);
+    MoveCorner(56);
+    EXPECT_EQ(form().Width(), 344);
+    EXPECT_EQ(Steps(), before + 1);
+}
+
 TEST_F(DesignPageTest, AHandleOfTheFormResizesIt) {
     Click(300, 200);
     tvok::tvok_Rect rect;
@@ -270,6 +244,40 @@ TEST_F(DesignPageTest, ArrowKeysMoveAndResize) {
     EXPECT_EQ(PlaceOf("a"), (Placement{17, 24, 81, 24}));
     for (int i = 0; i < 3; ++i) Control('Z');
     EXPECT_EQ(PlaceOf("a"), (Placement{16, 16, 80, 24}));
+}
+
+TEST_F(DesignPageTest, PageUpAndPageDownChangeTheOrderOfTab) {
+    Click(130, 50);
+    desktop_.Key(VK_PRIOR);
+    EXPECT_THAT(form().Names(), ElementsAre("a", "c", "b"));
+    EXPECT_THAT(page().Message(), HasSubstr("2 of 3 in the order of Tab"));
+    EXPECT_THAT(Selected(), ElementsAre("c"));
+    desktop_.Key(VK_PRIOR);
+    const std::string first = model().Text();
+    EXPECT_THAT(form().Names(), ElementsAre("c", "a", "b"));
+    desktop_.Key(VK_PRIOR); // no step
+    EXPECT_EQ(model().Text(), first);
+    Control('Z');
+    EXPECT_THAT(form().Names(), ElementsAre("a", "c", "b"));
+    Click(20, 20);
+    Holding(VK_CONTROL, [&] { Click(130, 50); });
+    desktop_.Key(VK_NEXT); // both, as one step
+    EXPECT_THAT(form().Names(), ElementsAre("b", "a", "c"));
+    desktop_.Key(VK_NEXT);
+    EXPECT_THAT(form().Names(), ElementsAre("b", "a", "c"));
+    Control('Z');
+    EXPECT_THAT(form().Names(), ElementsAre("a", "c", "b"));
+}
+
+TEST_F(DesignPageTest, PageUpBringsAControlInFrontOfWhatItLiesOn) {
+    model().Place({{"b", {20, 20, 80, 24}}});
+    Click(30, 30);
+    EXPECT_THAT(Selected(), ElementsAre("a"));
+    designer().Select({"b"});
+    desktop_.Key(VK_PRIOR);
+    Click(300, 200);
+    Click(30, 30);
+    EXPECT_THAT(Selected(), ElementsAre("b"));
 }
 
 TEST_F(DesignPageTest, DelDeletesAndAnUndoBringsItBackSelected) {
@@ -427,70 +435,6 @@ TEST_F(DesignPageTest, NothingThatIsDraggedLeavesPixelsBehind) {
         ASSERT_EQ(seen, pixels()) << "step " << step;
         ASSERT_EQ(form().Names().size(), model().Content().controls.size()) << "step " << step;
     }
-}
-
-// The workbench around the page.
-
-class DesignWithPanes : public DesignPageTest {
-protected:
-    DesignWithPanes() : DesignPageTest(Panes::Shown) { Turn(); }
-    void Turn() {
-        window_->Turn(std::chrono::milliseconds(0));
-        Pump();
-    }
-    std::string Shown() { return window_->inspector()->Selected(); }
-    std::vector<std::string> Offered() {
-        std::vector<std::string> names;
-        for (const Subject& subject : window_->inspector()->subjects()) names.push_back(subject.name);
-        return names;
-    }
-};
-
-TEST_F(DesignWithPanes, TheInspectorShowsWhatIsSelected) {
-    EXPECT_THAT(Offered(), ElementsAre("(form)", "a", "b", "c"));
-    EXPECT_EQ(Shown(), "(form)");
-    Click(20, 20);
-    Turn();
-    EXPECT_EQ(Shown(), "a");
-    desktop_.Key(VK_DELETE);
-    Turn();
-    EXPECT_THAT(Offered(), ElementsAre("(form)", "b", "c"));
-    EXPECT_EQ(Shown(), "(form)");
-    page().Selected("c");
-    EXPECT_THAT(Selected(), ElementsAre("c"));
-    page().Selected("(form)");
-    EXPECT_THAT(Selected(), IsEmpty());
-}
-
-TEST_F(DesignWithPanes, TheFormsOwnPropertiesAreStepsToo) {
-    const std::vector<PropertyGroup> groups = page().Subjects()->front().properties();
-    ASSERT_THAT(groups, SizeIs(1));
-    const auto property = [&](const std::string& name) {
-        return *std::ranges::find(groups[0].properties, name, &Property::name);
-    };
-    property("Caption").set("Stock");
-    property("Width").set(400);
-    property("Height").set(100);
-    EXPECT_EQ(property("Caption").get(), tvok::Variant("Stock"));
-    EXPECT_EQ(property("Width").get(), tvok::Variant(400));
-    EXPECT_THAT(model().Text(),
-                testing::StartsWith("[form]\ncaption = \"Stock\"\nwidth = 400\nheight = 100\n"));
-    for (int i = 0; i < 3; ++i) designer().Undo();
-    EXPECT_EQ(form().Caption(), "Form");
-    EXPECT_EQ(form().Height(), 240);
-}
-
-TEST_F(DesignWithPanes, APropertyFromTheInspectorIsAStep) {
-    Click(20, 20);
-    const std::string before = model().Text();
-    form().Find<tvok::TextBox>("a")->Text("price");
-    page().PropertyChanged({"a", "Text", "", "price"});
-    EXPECT_THAT(model().Text(), HasSubstr("Text = \"price\""));
-    Control('Z');
-    EXPECT_EQ(model().Text(), before);
-    EXPECT_EQ(form().Find<tvok::TextBox>("a")->Text(), "");
-    Turn();
-    EXPECT_THAT(Offered(), ElementsAre("(form)", "a", "b", "c"));
 }
 
 } // namespace

@@ -14,9 +14,9 @@ using tvok::host::Point;
 namespace {
 
 constexpr std::array<Grip, 3> FormGrips{{{1, 0}, {1, 1}, {0, 1}}};
-constexpr std::int16_t LeftButton = 1, ShiftBit = 1, AltBit = 4;
 constexpr std::int32_t Gap = 2; // between the form's frame and its handles
 
+/// To the pixel also where a pixel is no whole number of twips, as at 100 dots per inch.
 Point PixelsOf(float x, float y) {
     const tvok::host::Screen& screen = tvok::host::services().Screen();
     return {static_cast<std::int32_t>(std::lround(x / screen.TwipsPerPixelX())),
@@ -75,11 +75,8 @@ tvok::tvok_Rect DesignArea::Handle(Grip grip) const {
 
 std::optional<Grip> DesignArea::GripUnder(Point point) const {
     if (!handles_ || design_ == nullptr) return {};
-    for (const Grip grip : FormGrips) {
-        const tvok::tvok_Rect rect = Handle(grip);
-        if (point.x >= rect.Left && point.x < rect.Right && point.y >= rect.Top && point.y < rect.bottom)
-            return grip;
-    }
+    for (const Grip grip : FormGrips)
+        if (tvok::host::Platform::PtInRect(Handle(grip), point)) return grip;
     return {};
 }
 
@@ -104,14 +101,17 @@ void DesignArea::MouseDown(std::int16_t& button, std::int16_t&, float& x, float&
 void DesignArea::MouseMove(std::int16_t& button, std::int16_t& shift, float& x, float& y) {
     if (design_ == nullptr) return;
     const Point point = PixelsOf(x, y);
+    if (dragged_ && ((button & LeftButton) == 0 || !design_->IsDragging())) { // the mouse or the drag is gone
+        dragged_.reset();
+        return design_->EndDrag();
+    }
     if (!dragged_) {
         const std::optional<Grip> grip = GripUnder(point);
         component_->MousePointer(grip ? PointerOf(*grip) : tvok::host::ccDefault);
         return;
     }
-    if ((button & LeftButton) == 0) return;
-    const bool snap = (shift & (ShiftBit | AltBit)) == 0;
-    const tvok::Placement size = Resized(before_, *dragged_, point.x - start_.x, point.y - start_.y, snap);
+    const tvok::Placement size =
+        Resized(before_, *dragged_, point.x - start_.x, point.y - start_.y, Snaps(shift));
     design_->Size(size.width, size.height);
 }
 

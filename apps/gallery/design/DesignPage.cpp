@@ -4,6 +4,7 @@
 
 #include "apps/gallery/design/start.h"
 #include "apps/gallery/design/types.h"
+#include "apps/gallery/inspected.h"
 #include "tvok/engine/dgi.h"
 
 namespace gallery {
@@ -16,8 +17,7 @@ namespace {
 constexpr std::int32_t PaletteWidth = 148, RowHeight = 26, IconArea = 30, StatusHeight = 26;
 constexpr std::int32_t LabelWidth = 52, NameWidth = 130;
 constexpr std::int32_t FormLeft = 20, FormTop = 16; // of the designed form in its area
-constexpr std::int16_t LeftButton = 1;
-constexpr const char* FormSubject = "(form)"; // in the inspector
+constexpr const char* FormSubject = "(form)";       // in the inspector
 
 } // namespace
 
@@ -142,7 +142,7 @@ bool DesignPage::OverForm(Point& point) const {
         place = pointer;
         platform().ScreenToClient(hWnd, place);
         platform().GetClientRect(hWnd, client);
-        return place.x >= 0 && place.y >= 0 && place.x < client.Right && place.y < client.bottom;
+        return tvok::host::Platform::PtInRect(client, place);
     };
     Point inArea;
     return inside(form_.ComponentOf(area_).hWnd(), inArea) && inside(designer_.form().hWnd(), point);
@@ -225,9 +225,13 @@ std::optional<std::vector<Subject>> DesignPage::Subjects() {
     return subjects;
 }
 
+/// They change the form itself, also for a value that is only tried; what is chosen becomes a step.
 PropertyGroup DesignPage::FormProperties() {
-    DesignedForm& model = designer_.model();
-    const tvok::Form& form = designer_.form();
+    tvok::Form& form = designer_.form();
+    const auto resize = [this, &form](std::int32_t width, std::int32_t height) {
+        form.Size(width, height);
+        area_.Refresh();
+    };
     const auto side = [](const char* name, auto get, auto set) {
         return Property{.name = name,
                         .kind = ValueKind::Number,
@@ -241,13 +245,13 @@ PropertyGroup DesignPage::FormProperties() {
         {.name = "Caption",
          .kind = ValueKind::Text,
          .get = [&form] { return tvok::Variant(form.Caption()); },
-         .set = [&model](const tvok::Variant& value) { model.Caption(value.AsText()); }});
+         .set = [&form](const tvok::Variant& value) { form.Caption(value.AsText()); }});
     group.properties.push_back(side(
         "Width", [&form] { return form.Width(); },
-        [&model, &form](std::int32_t width) { model.Size(width, form.Height()); }));
+        [resize, &form](std::int32_t width) { resize(width, form.Height()); }));
     group.properties.push_back(side(
         "Height", [&form] { return form.Height(); },
-        [&model, &form](std::int32_t height) { model.Size(form.Width(), height); }));
+        [resize, &form](std::int32_t height) { resize(form.Width(), height); }));
     return group;
 }
 
@@ -256,7 +260,20 @@ void DesignPage::Selected(const std::string& name) {
 }
 
 void DesignPage::PropertyChanged(const PropertyChange& change) {
-    designer_.model().Take(change.subject);
+    if (change.subject == FormSubject) return designer_.model().TakeForm();
+    if (designer_.model().Take(change.subject)) return;
+    PutBack(change);
+    Tell(change.property + " is not kept in form files", true);
+}
+
+void DesignPage::PutBack(const PropertyChange& change) {
+    const std::vector<Subject> subjects = Subjects().value();
+    const auto subject = std::ranges::find(subjects, change.subject, &Subject::name);
+    if (subject == subjects.end()) return;
+    for (const PropertyGroup& group : GroupsOf(*subject))
+        for (const Property& property : group.properties)
+            if (property.name == change.property) tvok::quietly([&] { property.set(change.before); });
+    if (bench_) bench_->UpdateInspector();
 }
 
 void DesignPage::SelectionChanged() {
@@ -297,8 +314,11 @@ void DesignPage::TellSelection() {
         return Tell("The form: " + std::to_string(form.Width()) + " x " + std::to_string(form.Height()));
     if (names.size() > 1) return Tell(std::to_string(names.size()) + " controls, led by " + names.back());
     const tvok::Placement place = form.PlacementOf(*form.Find(names.back()));
+    const std::vector<std::string> order = form.Names();
+    const auto number = std::ranges::find(order, names.back()) - order.begin() + 1;
     Tell(names.back() + " at " + std::to_string(place.left) + ", " + std::to_string(place.top) + ": " +
-         std::to_string(place.width) + " x " + std::to_string(place.height));
+         std::to_string(place.width) + " x " + std::to_string(place.height) + ", " + std::to_string(number) +
+         " of " + std::to_string(order.size()) + " in the order of Tab");
 }
 
 void DesignPage::Layout(const tvok::tvok_Rect& area) {
@@ -314,7 +334,7 @@ void DesignPage::Layout(const tvok::tvok_Rect& area) {
 void DesignPage::Paint(tvok::host::Handle hDC) {
     DrawBackground(hDC, page_, fonts_, "A form to arrange",
                    "Double click a type, or drag it into the form; drag controls and their handles; "
-                   "Ctrl+Z takes back");
+                   "PgUp and PgDn change the order; Ctrl+Z takes back");
     const Places places(page_, commands_.Width());
     const tvok::Placement& palette = places.palette;
     DrawLabel(hDC, {palette.left, palette.top - HeadingHeight, palette.left + palette.width, palette.top},

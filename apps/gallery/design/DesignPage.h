@@ -53,6 +53,7 @@ private:
     bool OverForm(tvok::host::Point& point) const;
     tvok::host::Point OnArea(tvok::host::Point point) const;
     PropertyGroup FormProperties();
+    void PutBack(const PropertyChange& change);
     void Rename();
     void SelectionChanged();
     void ContentChanged();

@@ -12,18 +12,7 @@ using tvok::host::Point;
 
 namespace {
 
-constexpr std::int16_t ShiftBit = 1, ControlBit = 2, AltBit = 4;
-constexpr std::int16_t LeftButton = 1;
 constexpr std::int32_t DragStart = 3; ///< A press that moves less is a click.
-
-bool Contains(const tvok::Placement& place, Point point) {
-    return point.x >= place.left && point.x < place.left + place.width && point.y >= place.top &&
-           point.y < place.top + place.height;
-}
-
-bool Snaps(std::int16_t shift) {
-    return (shift & (ShiftBit | AltBit)) == 0;
-}
 
 } // namespace
 
@@ -77,7 +66,7 @@ tvok::Placement Designer::PlaceOf(const std::string& name) const {
 /// The frontmost; empty for none.
 std::string Designer::ControlAt(Point point) const {
     for (const std::string& name : form().Names())
-        if (Contains(PlaceOf(name), point)) return name;
+        if (tvok::host::Platform::PtInRect(RectOf(PlaceOf(name)), point)) return name;
     return {};
 }
 
@@ -114,8 +103,7 @@ void Designer::Press(std::int16_t button, std::int16_t shift, Point point) {
     if (!name.empty()) return PressControl(name, add);
     kept_ = add ? selected_ : Names{};
     Select(kept_);
-    const bool onFrame =
-        point.x < 0 || point.y < 0 || point.x >= form().Width() || point.y >= form().Height();
+    const bool onFrame = !tvok::host::Platform::PtInRect({0, 0, form().Width(), form().Height()}, point);
     if (!onFrame) drag_ = Drag::Band;
 }
 
@@ -202,6 +190,10 @@ bool Designer::Key(std::int16_t code, std::int16_t shift) {
         DeleteSelected();
         return true;
     }
+    if ((code == tvok::host::VK_PRIOR || code == tvok::host::VK_NEXT) && shift == 0) {
+        ReorderSelected(code == tvok::host::VK_PRIOR);
+        return true;
+    }
     return ArrowKey(code, shift) || (shift == ControlBit && CommandKey(code));
 }
 
@@ -252,6 +244,22 @@ void Designer::Redo() {
 
 void Designer::DeleteSelected() {
     if (!selected_.empty()) model_.Delete(Names(selected_)); // which changes while they go
+}
+
+/// Each changes places with the one before or behind it, unless that is selected and could not.
+void Designer::ReorderSelected(bool forward) {
+    Names order = form().Names();
+    if (!forward) std::ranges::reverse(order);
+    const auto isSelected = [&](const std::string& name) {
+        return std::ranges::find(selected_, name) != selected_.end();
+    };
+    model_.BeginDrag(); // one step
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        if (!isSelected(order[i]) || isSelected(order[i - 1])) continue;
+        std::swap(order[i], order[i - 1]);
+        model_.Reorder(order[i - 1], forward ? i - 1 : order.size() - i);
+    }
+    model_.EndDrag();
 }
 
 void Designer::CopySelected() const {

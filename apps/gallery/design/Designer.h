@@ -15,9 +15,10 @@ namespace gallery {
 /// A click selects, with Ctrl it adds or takes away; one beside the controls, or on the form's frame, selects
 /// the form itself. A drag moves what is selected, one of a handle resizes it, one beside the controls
 /// selects what it touches. Both keep to the grid, unless Alt or Shift is held. The arrow keys move by a
-/// pixel, with Ctrl by a step of the grid, and with Shift they resize. Del deletes; Ctrl with A, C, X, V, Z
-/// and Y selects all, copies, cuts, pastes, takes back and does again. Esc ends a drag as if it had not
-/// been, and then selects the form.
+/// pixel, with Ctrl by a step of the grid, and with Shift they resize. Page Up brings what is selected one
+/// place forward, that is earlier in the order of Tab and closer to the front, and Page Down one place back.
+/// Del deletes; Ctrl with A, C, X, V, Z and Y selects all, copies, cuts, pastes, takes back and does again.
+/// Esc ends a drag as if it had not been, and then selects the form.
 class Designer {
 public:
     using Names = DesignedForm::Names;
@@ -41,6 +42,8 @@ public:
     void Undo();
     void Redo();
     void DeleteSelected();
+    /// By one place in the order of Tab: forward is earlier and closer to the front.
+    void ReorderSelected(bool forward);
     void CopySelected() const;
     void Paste();
     /// Adds a control of this type in its usual size and selects it: with its left top at the grid's point

@@ -28,6 +28,14 @@ void MoveEnd(std::int32_t& start, std::int32_t& length, std::int32_t side, std::
 
 } // namespace
 
+bool Snaps(std::int16_t shift) {
+    return (shift & (ShiftBit | AltBit)) == 0;
+}
+
+tvok::tvok_Rect RectOf(const tvok::Placement& place) {
+    return {place.left, place.top, place.left + place.width, place.top + place.height};
+}
+
 tvok::tvok_Rect HandleRect(const tvok::Placement& place, Grip grip) {
     const std::int32_t x = Middle(place.left, place.width, grip.x) - HandleSize / 2;
     const std::int32_t y = Middle(place.top, place.height, grip.y) - HandleSize / 2;
@@ -36,10 +44,8 @@ tvok::tvok_Rect HandleRect(const tvok::Placement& place, Grip grip) {
 
 std::optional<Grip> GripAt(const tvok::Placement& place, std::int32_t x, std::int32_t y) {
     std::optional<Grip> found;
-    for (const Grip grip : Grips) {
-        const tvok::tvok_Rect rect = HandleRect(place, grip);
-        if (x >= rect.Left && x < rect.Right && y >= rect.Top && y < rect.bottom) found = grip;
-    }
+    for (const Grip grip : Grips)
+        if (tvok::host::Platform::PtInRect(HandleRect(place, grip), {x, y})) found = grip;
     return found;
 }
 

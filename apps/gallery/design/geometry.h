@@ -16,6 +16,10 @@ inline constexpr std::int32_t GridStep = 8;   ///< Between the points of the gri
 inline constexpr std::int32_t HandleSize = 7; ///< Of each side of a handle.
 inline constexpr std::int32_t LeastSide = 8;  ///< That a drag leaves of a control.
 
+inline constexpr std::int16_t LeftButton = 1;                           // in events of the mouse
+inline constexpr std::int16_t ShiftBit = 1, ControlBit = 2, AltBit = 4; // in `shift` of events
+bool Snaps(std::int16_t shift); ///< Whether a drag keeps to the grid: neither Shift nor Alt is held.
+
 /// The edges that a handle moves: -1 the left or top one, 1 the right or bottom one, 0 neither.
 struct Grip {
     std::int32_t x = 0;
@@ -42,6 +46,7 @@ tvok::Placement Resized(const tvok::Placement& from, Grip grip, std::int32_t dx,
 /// The move by which `lead` comes to the grid after (dx, dy), for all that move along with it.
 tvok::host::Point SnappedMove(const tvok::Placement& lead, std::int32_t dx, std::int32_t dy, bool snap);
 
+tvok::tvok_Rect RectOf(const tvok::Placement& place);
 /// The rectangle between two corners.
 tvok::tvok_Rect Between(tvok::host::Point a, tvok::host::Point b);
 bool Touches(const tvok::tvok_Rect& rect, const tvok::Placement& place);

@@ -13,8 +13,7 @@ std::vector<tvok::FormMark> Outline(const tvok::tvok_Rect& rect) {
 }
 
 std::vector<tvok::FormMark> SelectionMarks(const tvok::Placement& place, bool leads) {
-    std::vector<tvok::FormMark> marks =
-        Outline({place.left, place.top, place.left + place.width, place.top + place.height});
+    std::vector<tvok::FormMark> marks = Outline(RectOf(place));
     const tvok::OLE_COLOR fill = leads ? tvok::cHighlight : tvok::cWindowBackground;
     for (const Grip grip : Grips) marks.push_back({HandleRect(place, grip), fill, tvok::cHighlight});
     return marks;
