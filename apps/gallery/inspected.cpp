@@ -21,9 +21,9 @@ bool IsContent(const Property& property) {
 }
 
 bool IsAppearance(const Property& property) {
-    constexpr std::array starts{"Appearance", "BorderStyle", "Gridline", "Icon",    "Head",
-                                "Item",       "CX_TEXT",     "ColWidth", "TabStop", "TextLeft",
-                                "xn",         "yn",          "ShowIcon", "lFlag",   "FixedWidth"};
+    constexpr std::array starts{"Appearance", "BorderStyle", "Gridline", "Icon",      "Head", "Item",
+                                "CX_TEXT",    "ColWidth",    "TabStop",  "TextLeft",  "xn",   "XnAuto",
+                                "yn",         "ShowIcon",    "lFlag",    "FixedWidth"};
     return property.kind == ValueKind::Color ||
            std::ranges::any_of(starts, [&](const char* start) { return property.name.starts_with(start); });
 }
@@ -42,13 +42,18 @@ std::vector<Property> TableOf(tvok::host::Control& control) {
     return {};
 }
 
-std::vector<Property> AllOf(tvok::host::Control& control) {
+std::vector<Property> AllOf(const Subject& subject) {
+    tvok::host::Control& control = *subject.control;
     std::vector<Property> all =
         TableOf<tvok::qRoster, tvok::qRosterex, tvok::gList, tvok::pcols, tvok::xbutton, tvok::iLabel,
                 tvok::xPopup, tvok::ucColorSelector, tvok::TextBox>(control);
-    if (auto* list = dynamic_cast<tvok::gList*>(&control)) {
-        for (Property& property : StructureOf(*list).properties) all.push_back(std::move(property));
-    }
+    const auto add = [&](PropertyGroup group) {
+        for (Property& property : group.properties) all.push_back(std::move(property));
+    };
+    if (auto* list = dynamic_cast<tvok::qRoster*>(&control)) add(RowsOf(*list));
+    if (auto* list = dynamic_cast<tvok::gList*>(&control)) add(StructureOf(*list));
+    if (dynamic_cast<tvok::TextBox*>(&control) != nullptr && subject.form != nullptr)
+        add(PropertiesOf(subject.form->ComponentOf(control)));
     return all;
 }
 
@@ -94,7 +99,7 @@ std::vector<PropertyGroup> GroupsOf(const Subject& subject) {
     std::vector<PropertyGroup> groups;
     groups.reserve(Titles.size());
     for (const char* title : Titles) groups.push_back({title, title, {}});
-    for (Property& property : AllOf(*subject.control)) {
+    for (Property& property : AllOf(subject)) {
         const auto group = std::ranges::find(groups, TitleOf(property), &PropertyGroup::title);
         group->properties.push_back(std::move(property));
     }

@@ -1,4 +1,4 @@
-/// What an inspector shows of a control: all its properties, in groups by their sense.
+/// What an inspector shows of a control: most of its properties, in groups by their sense.
 #pragma once
 
 #include <vector>

@@ -54,8 +54,7 @@ public:
             [=](Control& control, const Variant& value) { (control.*set)(value.AsText()); });
     }
 
-    /// In a list the styles are those of each item, so its font has none of its own.
-    void Font() {
+    void FontFace() {
         Own(
             {.name = "Font.Name", .kind = ValueKind::Name, .list = ValueList::Fonts},
             [](const Control& control) { return Variant(control.Font()->Name()); },
@@ -66,11 +65,18 @@ public:
             [](Control& control, const Variant& value) {
                 control.Font()->Size(static_cast<float>(value.AsNumber()));
             });
+    }
+    /// In a list the styles are those of each item, so its font has none of its own.
+    void Font() {
+        FontFace();
         Truth("FontTransparent", &Control::FontTransparent, &Control::FontTransparent);
     }
     void FontWithStyles() {
-        using tvok::host::FontValue;
         Font();
+        FontStyles();
+    }
+    void FontStyles() {
+        using tvok::host::FontValue;
         FontStyle("Font.Bold", &FontValue::Bold);
         FontStyle("Font.Italic", &FontValue::Italic);
         FontStyle("Font.Underline", &FontValue::Underline);
@@ -135,6 +141,26 @@ void AddListLooks(Table<Control>& table) {
     table.Colors("IconBorderColor", &Control::IconBorderColor, &Control::IconBorderColor);
     table.Number("GridlineWidth", &Control::GridlineWidth, &Control::GridlineWidth, 0, 8);
     table.Number("CX_TEXT", &Control::CX_TEXT, &Control::CX_TEXT, 0, MostPixels);
+}
+
+/// The four numbers that `IconPos` packs.
+template<class Control>
+void AddIconPos(Table<Control>& table) {
+    using Pos = tvok::tvok_IconPos;
+    for (const auto& [name, part] : {std::pair{"IconPos.Left", &Pos::Left},
+                                     {"IconPos.Top", &Pos::Top},
+                                     {"IconPos.width", &Pos::width},
+                                     {"IconPos.Height", &Pos::Height}})
+        table.Own(
+            {.name = name, .kind = ValueKind::Number, .most = 255, .steps = true},
+            [part = part](const Control& control) {
+                return Variant(std::int32_t{tvok::UnpackIconPos(control.IconPos()).*part});
+            },
+            [part = part](Control& control, const Variant& value) {
+                Pos pos = tvok::UnpackIconPos(control.IconPos());
+                pos.*part = static_cast<std::uint8_t>(value.AsInteger());
+                control.IconPos(tvok::PackIconPos(pos));
+            });
 }
 
 template<class Control>
@@ -257,7 +283,9 @@ PropertyGroup PropertiesOf(tvok::qRoster& list) {
     table.Truth("GridlineOnBorder", &qRoster::GridlineOnBorder, &qRoster::GridlineOnBorder);
     table.Steps("ItemHeight", &qRoster::ItemHeight, &qRoster::ItemHeight, 8, 80);
     table.Number("ItemWidth", &qRoster::ItemWidth, &qRoster::ItemWidth, 0, 600);
+    table.Truth("XnAuto", &qRoster::XnAuto, &qRoster::XnAuto); // before `xn`, which it fixes
     table.Steps("xn", &qRoster::xn, &qRoster::xn, 1, 6);
+    AddIconPos(table);
     table.Truth("FixedHeight", &qRoster::FixedHeight, &qRoster::FixedHeight);
     table.Truth("FixedWidthForLastXn", &qRoster::FixedWidthForLastXn, &qRoster::FixedWidthForLastXn);
     table.Text("ColWidthSettingStr", &qRoster::ColWidthSettingStr, &qRoster::ColWidthSettingStr);
@@ -271,10 +299,19 @@ PropertyGroup PropertiesOf(tvok::qRoster& list) {
     return {"roster", "Flat list", table.Take()};
 }
 
+PropertyGroup RowsOf(tvok::qRoster& list) {
+    using tvok::qRoster;
+    Table<qRoster> table(list, [&list] { list.Refresh(); });
+    table.Steps("yn", &qRoster::yn, &qRoster::yn, 1, 64);
+    return {"rows", "Rows", table.Take()};
+}
+
 PropertyGroup PropertiesOf(tvok::qRosterex& list) {
     using tvok::qRosterex;
     Table<qRosterex> table(list, [&list] { list.Refresh(); });
     AddListLooks(table);
+    AddHeadBand(table);
+    table.Truth("FixedHeight", &qRosterex::FixedHeight, &qRosterex::FixedHeight);
     table.Steps("ItemHeight", &qRosterex::ItemHeight, &qRosterex::ItemHeight, 8, 80);
     table.Steps("HeaderHeight", &qRosterex::HeaderHeight, &qRosterex::HeaderHeight, 0, 60);
     table.Choice("HeaderFlag", ValueList::Styles, &qRosterex::HeaderFlag, &qRosterex::HeaderFlag);
@@ -349,6 +386,7 @@ PropertyGroup PropertiesOf(tvok::gList& list) {
     Table<gList> table(list, [&list] { list.Refresh(); });
     AddListLooks(table);
     AddHeadBand(table);
+    AddIconPos(table);
     table.Truth("GridlineOnBorder", &gList::GridlineOnBorder, &gList::GridlineOnBorder);
     table.Steps("ItemHeight", &gList::ItemHeight, &gList::ItemHeight, 16, 40);
     return {"self", "This property list", table.Take()};
@@ -381,6 +419,7 @@ PropertyGroup PropertiesOf(tvok::xPopup& popup) {
     table.Text("ColWidthSettingStr", &xPopup::ColWidthSettingStr, &xPopup::ColWidthSettingStr);
     table.Text("TabStopSettingStr", &xPopup::TabStopSettingStr, &xPopup::TabStopSettingStr);
     table.Number("CX_TEXT", &xPopup::CX_TEXT, &xPopup::CX_TEXT, 0, MostPixels);
+    AddIconPos(table);
     table.Colors("BackColor", &xPopup::BackColor, &xPopup::BackColor);
     table.Colors("SelectedColor", &xPopup::SelectedColor, &xPopup::SelectedColor);
     table.Colors("IconBorderColor", &xPopup::IconBorderColor, &xPopup::IconBorderColor);
@@ -417,6 +456,16 @@ PropertyGroup PropertiesOf(tvok::TextBox& box) {
     table.Colors("BackColor", &TextBox::BackColor, &TextBox::BackColor);
     table.Colors("ForeColor", &TextBox::ForeColor, &TextBox::ForeColor);
     return {"box", "Text box", table.Take()};
+}
+
+PropertyGroup PropertiesOf(tvok::host::Widget& widget) {
+    using tvok::host::Widget;
+    Table<Widget> table(widget, [&widget] { widget.Refresh(); });
+    table.Choice("Appearance", ValueList::Looks, &Widget::Appearance, &Widget::Appearance);
+    table.Choice("BorderStyle", ValueList::Borders, &Widget::BorderStyle, &Widget::BorderStyle);
+    table.FontFace();
+    table.FontStyles();
+    return {"component", "Component", table.Take()};
 }
 
 // Texts of values.

@@ -64,6 +64,7 @@ struct PropertyGroup {
 
 // The control has to outlive the functions in its group.
 PropertyGroup PropertiesOf(tvok::qRoster& list);
+PropertyGroup RowsOf(tvok::qRoster& list); ///< `yn`, for a list that may take another height by it.
 PropertyGroup PropertiesOf(tvok::qRosterex& list);
 PropertyGroup PropertiesOf(tvok::pcols& bar);
 PropertyGroup PropertiesOf(tvok::xbutton& strip);
@@ -72,7 +73,8 @@ PropertyGroup PropertiesOf(tvok::gList& list);
 PropertyGroup StructureOf(tvok::gList& list); ///< For another than the one that shows it.
 PropertyGroup PropertiesOf(tvok::xPopup& popup);
 PropertyGroup PropertiesOf(tvok::ucColorSelector& selector);
-PropertyGroup PropertiesOf(tvok::TextBox& box);
+PropertyGroup PropertiesOf(tvok::TextBox& box); ///< Its border and font are its component's.
+PropertyGroup PropertiesOf(tvok::host::Widget& widget);
 
 /// The system colours by name, in the user's language.
 class ColorNames {

@@ -140,6 +140,37 @@ TEST_F(InspectorTest, EveryTypeOfControlHasItsPropertiesAndEachTakesAnotherValue
     EXPECT_GE(types, 9u);
 }
 
+TEST_F(InspectorTest, ATextBoxHasTheBorderAndTheFontThatItsComponentKeeps) {
+    auto& box = desktop_.form().Add<tvok::TextBox>("box", {10, 300, 120, 24});
+    const Component& component = desktop_.form().ComponentOf(box);
+    inspector_.Offer("page", {SubjectOf("box", box)});
+    inspector_.Select("box");
+    auto& rows = inspector_.properties();
+    EXPECT_TRUE(rows.Set("Appearance.BorderStyle", Variant(0)));
+    EXPECT_TRUE(rows.Set("Appearance.Appearance", Variant(0)));
+    EXPECT_TRUE(rows.Set("Font.Font.Name", Variant("DejaVu Serif")));
+    EXPECT_TRUE(rows.Set("Font.Font.Size", Variant(14)));
+    EXPECT_TRUE(rows.Set("Font.Font.Bold", Variant(1)));
+    EXPECT_EQ(component.BorderStyle(), 0);
+    EXPECT_EQ(component.Appearance(), 0);
+    const std::string kept = tvok::FormFileText(desktop_.form().Content());
+    EXPECT_NE(kept.find(R"(Font = { Name = "DejaVu Serif", Size = 14.0, Bold = true)"), kept.npos) << kept;
+}
+
+TEST_F(InspectorTest, AListHasItsRowsColumnsAndTheFourNumbersOfIconPos) {
+    auto& rows = inspector_.properties();
+    EXPECT_TRUE(rows.Set("Appearance.IconPos.Left", Variant(7)));
+    EXPECT_TRUE(rows.Set("Appearance.IconPos.Height", Variant(200)));
+    const tvok::tvok_IconPos pos = tvok::UnpackIconPos(roster_.IconPos());
+    EXPECT_EQ(pos.Left, 7);
+    EXPECT_EQ(pos.Height, 200);
+    EXPECT_EQ(pos.width, tvok::UnpackIconPos(tvok::cDefaultIconPos).width);
+    EXPECT_TRUE(rows.Set("Appearance.XnAuto", Variant(1)));
+    EXPECT_TRUE(roster_.XnAuto());
+    EXPECT_TRUE(rows.Set("Appearance.yn", Variant(3)));
+    EXPECT_EQ(roster_.yn(), 3);
+}
+
 TEST_F(InspectorTest, ASizeIsTheControlsWhereItTakesOne) {
     inspector_.Select("label");
     EXPECT_TRUE(inspector_.properties().Set("Place.Width", Variant(120)));
