@@ -34,7 +34,7 @@ std::vector<Scene> Window::Scenes() {
              click("details", {300, 30});
          }},
         {"events",
-         [=, this] {
+         [=] {
              click("sections", {60, 70});
              click("names", {260, 30});
              for (int step = 0; step < 4; ++step) {
@@ -43,21 +43,21 @@ std::vector<Scene> Window::Scenes() {
              }
          }},
         {"edited",
-         [=, this] {
+         [=] {
              toRow("Appearance.ItemHeight");
              hands().Type("34");
              hands().Press(tvok::host::VK_RETURN);
              turn();
          }},
         {"colors",
-         [=, this] {
+         [=] {
              toRow("Appearance.SelectedColor");
              hands().Press(F4);
              turn();
          },
          true},
         {"choice",
-         [=, this] {
+         [=] {
              hands().Press(tvok::host::VK_ESCAPE);
              turn();
              click("inspector.line", {40, 10});
