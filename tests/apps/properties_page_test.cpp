@@ -11,7 +11,7 @@
 #include "apps/gallery/Window.h"
 #include "apps/gallery/keys.h"
 #include "tests/apps/OtherValue.h"
-#include "tests/support/TestDesktop.h"
+#include "tests/apps/PropertiesPageTest.h"
 #include "tvok/host/Services.h"
 
 namespace gallery {
@@ -21,77 +21,6 @@ using testing::HasSubstr;
 using testing::SizeIs;
 using tvok::Variant;
 using namespace tvok::host;
-
-class PropertiesPageTest : public testing::Test {
-protected:
-    PropertiesPageTest() {
-        desktop_.form().Size(980, 640);
-        page_.Layout({0, 0, 980, 640});
-        page_.list().SetToSystemfont(); // of the desktop that the tests pin
-        desktop_.Pump();
-    }
-
-    tvok::elistdata Item(const std::string& key) {
-        tvok::elistdata item;
-        page_.list().GetItem(item, key);
-        return item;
-    }
-    std::string Value(const std::string& key) { return Item(key).item.text; }
-    std::string Current() {
-        tvok::elistdata item;
-        page_.list().GetItem(item, {}, page_.list().ListIndex());
-        return item.hItem.key;
-    }
-    std::vector<std::string> Rows() {
-        std::vector<std::string> keys;
-        tvok::elistdata item;
-        for (std::int32_t row = 1; row <= page_.list().Count(); ++row) {
-            page_.list().GetItem(item, {}, row);
-            keys.push_back(item.hItem.key);
-        }
-        return keys;
-    }
-
-    /// A click on the row's caption, wherever the list has it.
-    void ClickRow(const std::string& key) {
-        page_.list().ShowItem(key);
-        const tvok::tvok_Rect place = ValueArea();
-        desktop_.Click(page_.list(), place.Left - 30, (place.Top + place.bottom) / 2);
-        ASSERT_EQ(Current(), key);
-    }
-    /// Of the current row, in pixels of the list.
-    tvok::tvok_Rect ValueArea() {
-        tvok::tvok_Rect place;
-        EXPECT_TRUE(page_.list().GetItemRect(page_.list().ListIndex(), place));
-        Point from{place.Left, place.Top};
-        Point to{place.Right, place.bottom};
-        platform().ScreenToClient(page_.list().hwnd(), from);
-        platform().ScreenToClient(page_.list().hwnd(), to);
-        return {from.x, from.y, to.x, to.y};
-    }
-    /// Presses a button of the current row's strip, counted from the right.
-    void PressButton(std::int32_t button) {
-        const tvok::tvok_Rect place = ValueArea();
-        const std::int32_t side = place.bottom - place.Top;
-        desktop_.clock().now += std::chrono::seconds(1);
-        desktop_.Press(page_.list(), place.Right - side * button + side / 2, place.Top + side / 2);
-    }
-    void ClickButton(std::int32_t button) {
-        PressButton(button);
-        desktop_.Release();
-    }
-    /// In the popup below the current row, from its left upper corner.
-    void MoveInPopup(std::int32_t x, std::int32_t y) {
-        const tvok::tvok_Rect place = ValueArea();
-        desktop_.MoveTo(page_.list(), place.Left + x, place.bottom + y);
-    }
-
-    bool HasFocus(const Control& control) { return platform().GetFocus() == desktop_.WindowOf(control); }
-    bool Shows(const Control& control) { return desktop_.form().ComponentOf(control).Visible(); }
-
-    tvok::test::TestDesktop desktop_;
-    PropertiesPage page_{desktop_.desktop(), desktop_.form()};
-};
 
 TEST_F(PropertiesPageTest, HasARowForEveryPropertyAndGroup) {
     std::size_t properties = 0;
@@ -473,98 +402,6 @@ TEST_F(PropertiesPageTest, AControlThatWasSnappedGetsItsHeightBack) {
     EXPECT_LT(desktop_.form().PlacementOf(page_.roster()).height, before);
     EXPECT_TRUE(page_.properties().Set("roster.FixedHeight", Variant(0)));
     EXPECT_EQ(desktop_.form().PlacementOf(page_.roster()).height, before);
-}
-
-// Groups, order, and the text of all.
-
-TEST_F(PropertiesPageTest, AGroupFoldsByItsBoxAndByTheKeyboard) {
-    const std::int32_t all = page_.list().Count();
-    ClickRow("label");
-    const tvok::tvok_Rect place = ValueArea();
-    desktop_.clock().now += std::chrono::seconds(1);
-    desktop_.Press(page_.list(), 6, (place.Top + place.bottom) / 2);
-    desktop_.Release();
-    const std::int32_t folded = page_.list().Count();
-    EXPECT_LT(folded, all);
-    EXPECT_EQ(Current(), "label");
-    desktop_.Key(VK_RETURN);
-    EXPECT_EQ(page_.list().Count(), all);
-    desktop_.Key(VK_SPACE);
-    EXPECT_EQ(page_.list().Count(), folded);
-    EXPECT_EQ(Current(), "label");
-}
-
-TEST_F(PropertiesPageTest, AFlatListNamesTheControlInEachCaption) {
-    page_.switches().Flip(PropertiesPage::Groups);
-    EXPECT_EQ(Item("label.Caption").hItem.text, "Caption, Label");
-    EXPECT_THAT(Rows(), SizeIs(page_.list().Count()));
-    EXPECT_EQ(testing::Value(Rows(), testing::Contains("label")), false) << "groups have no rows";
-    page_.switches().Flip(PropertiesPage::Groups);
-    EXPECT_EQ(Item("label.Caption").hItem.text, "Caption");
-    EXPECT_EQ(testing::Value(Rows(), testing::Contains("label")), true);
-}
-
-TEST_F(PropertiesPageTest, UnsortedRowsStandAsTheyWereAdded) {
-    EXPECT_EQ(Rows().front(), "strip") << "\"Button strip\" is the first by caption";
-    page_.switches().Flip(PropertiesPage::Order);
-    EXPECT_EQ(Rows().front(), "roster");
-    EXPECT_EQ(Rows()[1], "roster.Appearance");
-    page_.switches().Flip(PropertiesPage::Order);
-    EXPECT_EQ(Rows().front(), "strip");
-}
-
-TEST_F(PropertiesPageTest, EditingGoesOnInTheSameRowWhenTheRowsAreMadeAnew) {
-    ClickRow("label.Caption");
-    desktop_.Type("kept");
-    page_.switches().Flip(PropertiesPage::Groups);
-    EXPECT_EQ(page_.label().Caption(), "kept");
-    EXPECT_EQ(Current(), "label.Caption");
-    EXPECT_EQ(page_.text().Text(), "kept");
-}
-
-TEST_F(PropertiesPageTest, RestoringBringsBackValuesFoldsAndSettings) {
-    page_.properties().Set("label.Caption", Variant("a = b, \"c\""));
-    page_.properties().Set("self.ItemHeight", Variant(24));
-    ClickRow("bar");
-    desktop_.Key(VK_SPACE);
-    const auto values = [&] {
-        std::vector<Variant> all;
-        for (const PropertyGroup& group : page_.properties().groups())
-            for (const Property& property : group.properties) all.push_back(property.get());
-        return all;
-    };
-    const std::vector<Variant> saved = values();
-    const std::vector<std::string> rows = Rows();
-    page_.switches().Flip(PropertiesPage::Save);
-
-    desktop_.Key(VK_SPACE); // unfolds
-    for (const PropertyGroup& group : page_.properties().groups())
-        for (const Property& property : group.properties)
-            page_.properties().Set(group.key + "." + property.name, OtherValue(property));
-    page_.switches().Flip(PropertiesPage::Groups);
-    page_.switches().Flip(PropertiesPage::Order);
-    EXPECT_NE(values(), saved);
-
-    page_.switches().Flip(PropertiesPage::Restore);
-    EXPECT_EQ(values(), saved);
-    EXPECT_EQ(Rows(), rows);
-    EXPECT_EQ(page_.list().ListMode(), 1);
-    EXPECT_EQ(Value("label.Caption"), "a = b, \"c\"");
-    for (const std::string& key : rows) {
-        if (const Property* property = page_.properties().Find(key)) {
-            EXPECT_EQ(page_.list().GetData(key), property->get()) << key;
-        }
-    }
-}
-
-TEST_F(PropertiesPageTest, AFlatListIsRestoredAsOne) {
-    page_.switches().Flip(PropertiesPage::Groups);
-    page_.switches().Flip(PropertiesPage::Save);
-    const std::vector<std::string> rows = Rows();
-    page_.switches().Flip(PropertiesPage::Groups);
-    page_.switches().Flip(PropertiesPage::Restore);
-    EXPECT_FALSE(page_.properties().IsGrouped());
-    EXPECT_EQ(Rows(), rows);
 }
 
 // In the gallery's window.
